@@ -1,0 +1,61 @@
+# Completion of corvane-cli for bash.
+_corvane_cli() {
+    local current previous words cword
+    _init_completion -n = || return
+    current=${words[cword]}
+    previous=${words[cword - 1]}
+    local commands="models assemble compile format build disassemble run"
+    local command="" word
+    for word in "${words[@]:1:cword-1}"; do
+        if [[ " $commands " == *" $word "* ]]; then
+            command=$word
+            break
+        fi
+    done
+
+    case $previous in
+        -m | --model)
+            local models
+            models=$(corvane-cli models 2>/dev/null | grep -oE '^PIC16F[0-9]+')
+            mapfile -t COMPREPLY < <(compgen -W "$models" -- "${current^^}")
+            return
+            ;;
+        --model-dir)
+            _filedir -d
+            return
+            ;;
+        -o | -l | -s | -t | --output | --listing | --stimulus | --trace | --state)
+            _filedir
+            return
+            ;;
+        -n | -c | -b | --steps | --cycles | --break | --config | --clock | --*-time)
+            return
+            ;;
+    esac
+
+    local general="-m --model --model-dir --help"
+    case $command in
+        "") mapfile -t COMPREPLY < <(compgen -W "$commands --help --version" -- "$current") ;;
+        assemble) _corvane_cli_arguments "$general -o -l --config" asm ;;
+        compile) _corvane_cli_arguments "$general -o --clock" bas ;;
+        format) _corvane_cli_arguments "$general -i" bas ;;
+        build) _corvane_cli_arguments "$general -o --config --clock" '@(asm|bas)' ;;
+        disassemble) _corvane_cli_arguments "$general -o --no-opcodes" hex ;;
+        run)
+            _corvane_cli_arguments "$general -n --steps -c --cycles -b --break -s --stimulus
+                -t --trace --state -q --quiet --clock --eeprom-write-time --ad-conversion-time" \
+                '@(asm|bas|hex)'
+            ;;
+    esac
+}
+
+# The options that begin like the current word, or else the files with one of these extensions.
+_corvane_cli_arguments() {
+    if [[ $current == -* ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "$1" -- "$current")
+    else
+        _filedir "$2"
+    fi
+}
+
+complete -F _corvane_cli corvane-cli

@@ -1,0 +1,35 @@
+// What the Microcontroller View shows of an I/O pin.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "core/pins.h"
+#include "core/processor.h"
+
+namespace corvane::app {
+
+enum class PinButton : std::uint8_t { None, Input, Analog };
+enum class PinLevel : std::uint8_t { High, Low, Analog };  // Analog: a value or a reference input
+
+struct PinAppearance {
+    PinButton button;
+    PinLevel level;
+    std::string text;  // "ON", "OFF", "512", "2.50V", "VREF-", "VREF+"
+    bool isInput;
+    bool operator==(const PinAppearance&) const = default;
+};
+
+PinAppearance AppearanceOf(const core::Processor& processor, core::Pin pin);
+
+// The analog channel on this pin, if it has one.
+std::optional<int> AnalogChannelOf(models::ModelFamily family, core::Pin pin);
+
+// Hundredths of a volt, 0..500: "2.50V".
+std::string VoltsText(int hundredths);
+
+// The value of an analog input as its family shows it: "512" or "2.50V".
+std::string AnalogValueText(models::ModelFamily family, int value);
+
+}  // namespace corvane::app

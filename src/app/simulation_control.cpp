@@ -1,0 +1,202 @@
+#include "app/simulation_control.h"
+
+#include <algorithm>
+
+#include "core/execution.h"
+#include "core/simulation_control.h"
+
+namespace corvane::app {
+
+namespace {
+
+using std::chrono::milliseconds;
+using std::chrono::nanoseconds;
+
+constexpr std::int64_t kStepsBetweenClockReads = 1024;
+constexpr nanoseconds kFastSlice = milliseconds(8);  // the longest a click waits
+constexpr nanoseconds kRefreshInterval = nanoseconds(1'000'000'000 / 60 + 1);
+
+// The pause after each step; none where there is none.
+nanoseconds PauseOf(SimulationRate rate) {
+    switch (rate) {
+        case SimulationRate::Slow:
+            return milliseconds(1500);
+        case SimulationRate::Normal:
+            return milliseconds(250);
+        case SimulationRate::Fast:
+            return milliseconds(50);
+        case SimulationRate::StepByStep:
+        case SimulationRate::ExtremelyFast:
+            break;
+    }
+    return nanoseconds(0);
+}
+
+}  // namespace
+
+SimulationControl::SimulationControl(core::Processor& processor, AppSettings& settings,
+                                     OpenWindows& windows, Dialogs& dialogs, Views& views,
+                                     Clock& clock)
+    : processor_(&processor),
+      settings_(&settings),
+      windows_(&windows),
+      dialogs_(&dialogs),
+      views_(&views),
+      clock_(&clock) {}
+
+void SimulationControl::Start() {
+    if (!CanStart()) {
+        return;
+    }
+    startTime_ = clock_->SecondsSinceMidnight() - 0.01F;
+    core::StartSimulation(*processor_);
+    phase_ = Phase::Waiting;
+    unshownSteps_ = false;
+    windows_->RefreshAfterReset();
+    if (settings_->Rate() != SimulationRate::StepByStep) {
+        EnterRunLoop();
+    }
+    views_->CommandsChanged();
+}
+
+void SimulationControl::Step() {
+    if (!CanStep()) {
+        return;
+    }
+    ExecuteOneStep();
+    if (processor_->state.stopRequested) {
+        CompleteStop();
+    }
+}
+
+void SimulationControl::Stop() {
+    if (!CanStop()) {
+        return;
+    }
+    if (phase_ == Phase::Running) {
+        processor_->state.stopRequested = true;
+        if (insideSlice_) {
+            return;  // the slice ends after its current steps and then completes this
+        }
+        ShowSteps();
+    }
+    CompleteStop();
+}
+
+void SimulationControl::SetRate(SimulationRate rate) {
+    settings_->SetRate(rate);
+    if (phase_ == Phase::Running && rate == SimulationRate::StepByStep && !insideSlice_) {
+        ShowSteps();
+        LeaveRunLoop();
+    } else if (phase_ == Phase::Waiting && rate != SimulationRate::StepByStep) {
+        EnterRunLoop();
+    }
+    views_->CommandsChanged();
+}
+
+void SimulationControl::RunSlice() {
+    if (phase_ != Phase::Running || insideSlice_ || IsPausing()) {
+        return;
+    }
+    insideSlice_ = true;
+    if (settings_->Rate() == SimulationRate::ExtremelyFast) {
+        ExecuteFastSlice();
+    } else {
+        ExecuteOneStep();
+    }
+    insideSlice_ = false;
+    if (processor_->state.stopRequested) {
+        CompleteStop();
+    } else if (settings_->Rate() == SimulationRate::StepByStep) {
+        LeaveRunLoop();
+        views_->CommandsChanged();
+    } else {
+        BeginPause(settings_->Rate());
+    }
+}
+
+void SimulationControl::EnterRunLoop() {
+    phase_ = Phase::Running;
+    pause_.reset();
+    nextRefresh_ = clock_->SteadyTime();
+    views_->ScheduleSlice(nanoseconds(0));
+}
+
+void SimulationControl::LeaveRunLoop() {
+    phase_ = Phase::Waiting;
+    pause_.reset();
+}
+
+void SimulationControl::ExecuteOneStep() {
+    if (core::ExecuteStep(*processor_).breakpointReached) {
+        BreakpointReached();
+    }
+    unshownSteps_ = true;
+    ShowSteps();
+}
+
+void SimulationControl::ExecuteFastSlice() {
+    nanoseconds now = clock_->SteadyTime();
+    const nanoseconds end = std::min(now + kFastSlice, nextRefresh_);
+    bool finished = false;
+    do {
+        const core::RunResult result = core::Run(*processor_, kStepsBetweenClockReads);
+        if (result.breakpointReached) {
+            BreakpointReached();
+        }
+        finished = result.breakpointReached || processor_->state.stopRequested;
+        now = clock_->SteadyTime();
+    } while (!finished && now < end);
+    unshownSteps_ = true;
+    if (finished || now >= nextRefresh_) {
+        nextRefresh_ = now + kRefreshInterval;
+        ShowSteps();
+    }
+}
+
+void SimulationControl::ShowSteps() {
+    if (unshownSteps_) {
+        unshownSteps_ = false;
+        windows_->RefreshAfterStep();
+    }
+}
+
+void SimulationControl::BreakpointReached() {
+    settings_->SetRate(SimulationRate::StepByStep);
+}
+
+void SimulationControl::BeginPause(SimulationRate rate) {
+    const nanoseconds length = PauseOf(rate);
+    if (length > nanoseconds(0)) {
+        pause_ = Pause{.rate = rate, .end = clock_->SteadyTime() + length};
+    }
+    views_->ScheduleSlice(length);
+}
+
+bool SimulationControl::IsPausing() {
+    if (!pause_) {
+        return false;
+    }
+    const nanoseconds now = clock_->SteadyTime();
+    if (now < pause_->end) {
+        views_->ScheduleSlice(pause_->end - now);
+        return true;
+    }
+    const SimulationRate ended = pause_->rate;
+    pause_.reset();
+    if (settings_->Rate() > ended && settings_->Rate() <= SimulationRate::Fast) {
+        BeginPause(settings_->Rate());
+    }
+    return pause_.has_value();
+}
+
+void SimulationControl::CompleteStop() {
+    phase_ = Phase::Idle;
+    pause_.reset();
+    const std::string statistics = core::StatisticsMessage(
+        processor_->state, startTime_, clock_->SecondsSinceMidnight(), settings_->ClockFrequency());
+    views_->CommandsChanged();
+    dialogs_->Inform(statistics);
+}
+
+}  // namespace corvane::app

@@ -1,0 +1,82 @@
+// The Simulation and Rate commands as a state machine that a timer drives.
+//
+//   Idle --Start--> Waiting (Step By Step) or Running (any other rate)
+//   Waiting --Step--> Waiting;  Waiting --SetRate--> Running
+//   Running --SetRate(StepByStep), breakpoint--> Waiting
+//   Waiting, Running --Stop, a step that raises stopRequested--> Idle, with the statistics message
+//
+// While it runs it asks for its next slice through Views::ScheduleSlice. At Extremely Fast a slice
+// executes steps for some milliseconds; at the timed rates it executes one step and then pauses.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <optional>
+
+#include "app/app_settings.h"
+#include "app/clock.h"
+#include "app/dialogs.h"
+#include "app/open_windows.h"
+#include "app/views.h"
+#include "core/processor.h"
+
+namespace corvane::app {
+
+class SimulationControl {
+  public:
+    SimulationControl(core::Processor& processor, AppSettings& settings, OpenWindows& windows,
+                      Dialogs& dialogs, Views& views, Clock& clock);
+
+    // True from Start until Stop completes.
+    bool SimulationRunning() const { return phase_ != Phase::Idle; }
+
+    // Which of the three commands are enabled; a disabled one does nothing.
+    bool CanStart() const { return phase_ == Phase::Idle; }
+    bool CanStep() const { return phase_ == Phase::Waiting; }
+    bool CanStop() const { return phase_ != Phase::Idle; }
+
+    void Start();
+    void Step();
+    void Stop();
+
+    // Also stores the rate.
+    void SetRate(SimulationRate rate);
+
+    // Does what is due. Harmless at any time.
+    void RunSlice();
+
+  private:
+    enum class Phase : std::uint8_t { Idle, Waiting, Running };
+
+    // The pause after a step. It keeps the length of the rate it began with; the rate that is in
+    // force when it ends may add a shorter one.
+    struct Pause {
+        SimulationRate rate;
+        std::chrono::nanoseconds end;
+    };
+
+    void EnterRunLoop();
+    void LeaveRunLoop();
+    void ExecuteOneStep();
+    void ExecuteFastSlice();
+    void ShowSteps();
+    void BeginPause(SimulationRate rate);
+    bool IsPausing();
+    void CompleteStop();
+    void BreakpointReached();
+
+    core::Processor* processor_;
+    AppSettings* settings_;
+    OpenWindows* windows_;
+    Dialogs* dialogs_;
+    Views* views_;
+    Clock* clock_;
+    Phase phase_ = Phase::Idle;
+    bool insideSlice_ = false;
+    bool unshownSteps_ = false;
+    std::optional<Pause> pause_;
+    std::chrono::nanoseconds nextRefresh_{0};
+    float startTime_ = 0;  // seconds since midnight
+};
+
+}  // namespace corvane::app

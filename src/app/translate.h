@@ -1,0 +1,44 @@
+// Assemble and Compile, from the saved source to the files beside it. A window checks
+// SourceFile::IsReady, saves, disables its menus, calls the translation, enables the menus, shows
+// the result, and reports.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/source_file.h"
+#include "app/workbench.h"
+#include "asm/assembler.h"
+#include "basic/compiler.h"
+#include "common/progress.h"
+
+namespace corvane::app {
+
+struct AssemblyRun {
+    assembler::Assembly assembly;
+    std::vector<assembler::Warning> warnings;
+};
+
+// Assembles the text for the selected model and writes the listing and the HEX file beside the
+// source; with errors, no file of either name is left. Tells of bad symbol lines of the model's
+// description file and of files that cannot be written.
+AssemblyRun AssembleSource(const Workbench& workbench, Dialogs& dialogs, const SourceFile& source,
+                           std::string_view text, const common::ProgressCallback& progress = {});
+
+// The message after an assembly with errors; nothing to say after a successful one.
+void ReportAssembly(Dialogs& dialogs, const AssemblyRun& run);
+
+// Compiles the rewritten text for the selected model, writes the assembler source beside it and
+// tells of the success, with warnings as its details. An error is told and returned; it leaves an
+// older output file as it was.
+std::optional<basic::LineMessage> CompileSource(const Workbench& workbench, Dialogs& dialogs,
+                                                const SourceFile& source, std::string_view text,
+                                                const common::ProgressCallback& progress = {});
+
+// Tells of each bad line among the model's predefined symbols and returns the good ones.
+std::vector<models::PredefinedSymbol> ReadSymbolsOrInform(
+    Dialogs& dialogs, std::string_view modelName, const std::vector<models::SymbolLine>& lines);
+
+}  // namespace corvane::app

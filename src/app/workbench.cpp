@@ -1,0 +1,313 @@
+#include "app/workbench.h"
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <utility>
+
+#include "app/source_file.h"
+#include "common/decimal_text.h"
+#include "common/text_file.h"
+#include "core/ports.h"
+#include "disasm/listing.h"
+#include "loader/intel_hex.h"
+#include "models/description.h"
+
+namespace corvane::app {
+
+namespace {
+
+const models::Model& ModelOfRow(int row) {
+    return models::kModelCatalogue.at(static_cast<std::size_t>(row));
+}
+
+std::string_view NameInRefusals(Window window) {
+    switch (window) {
+        case Window::Disassembler:
+            return "Disassembler";
+        case Window::BreakpointsManager:
+            return "Breakpoints Manager";
+        case Window::BasicCompiler:
+            return "BASIC Compiler";
+        case Window::Assembler:
+            return "Assembler";
+        default:
+            return "";
+    }
+}
+
+// The listing file that the assembler writes beside the program; empty when the program's name
+// does not lead to one.
+std::string ListingPathOf(const std::string& programPath) {
+    constexpr std::string_view kHex = ".hex";
+    constexpr std::string_view kListing = ".lst";
+    std::string path = programPath;
+    if (path.ends_with(kHex)) {
+        path.replace(path.size() - kHex.size(), kHex.size(), kListing);
+    }
+    return path.ends_with(kListing) ? path : "";
+}
+
+}  // namespace
+
+Workbench::Workbench(std::string applicationFolder, common::SettingsStore& store, Dialogs& dialogs,
+                     Views& views, Clock& clock)
+    : applicationFolder_(std::move(applicationFolder)),
+      settings_(store, applicationFolder_),
+      dialogs_(&dialogs),
+      views_(&views),
+      windows_(views),
+      processor_(core::MakeProcessor(ModelOfRow(models::kDefaultModel), {})),
+      simulation_(processor_, settings_, windows_, dialogs, views, clock) {}
+
+bool Workbench::StartUp(std::optional<int> modelRow) {
+    simulation_.SetRate(settings_.Rate());
+    if (modelRow) {
+        settings_.SetModelRow(*modelRow);
+    }
+    return ApplySelectedModel();
+}
+
+bool Workbench::ApplySelectedModel() {
+    const models::Model& model = ModelOfRow(settings_.ModelRow());
+    const std::string fileName = models::DescriptionFileName(model.name);
+    const common::Result<std::string> text = common::ReadTextFile(applicationFolder_ + fileName);
+    if (!text) {
+        dialogs_->Inform("File '" + fileName +
+                         "' could not be found.\r\nThe program will now end.");
+        return false;
+    }
+    common::Result<models::ModelDescription, int> description = models::ReadModelDescription(*text);
+    if (!description) {
+        dialogs_->Inform("File '" + fileName + "' corrupted.\r\nThe program will now end.");
+        return false;
+    }
+    programPath_.clear();
+    loadedWords_ = 0;
+    processor_ = core::MakeProcessor(model, *std::move(description.value));
+    processor_.eepromWriteTime = settings_.EepromWriteTime();
+    processor_.adConversionTime = settings_.AdConversionTime();
+    configurationWord_ = model.defaultConfigurationWord;
+    BreakpointsChanged();
+    views_->ProgramChanged();
+    views_->ModelChanged();
+    windows_.RefreshAfterReset();
+    return true;
+}
+
+std::span<const std::uint16_t> Workbench::LoadedProgram() const {
+    return std::span(processor_.state.programMemory).first(static_cast<std::size_t>(loadedWords_));
+}
+
+CommandStates Workbench::Commands() const {
+    return {.menusEnabled = menusEnabled_,
+            .canStart = simulation_.CanStart(),
+            .canStep = simulation_.CanStep(),
+            .canStop = simulation_.CanStop(),
+            .rate = settings_.Rate(),
+            .savePositions = settings_.SavePositions()};
+}
+
+bool Workbench::RefuseWhileRunning() {
+    if (!simulation_.SimulationRunning()) {
+        return false;
+    }
+    dialogs_->Inform("Please stop the simulation first.");
+    return true;
+}
+
+bool Workbench::RefuseWhileOpen(Window window) {
+    if (!windows_.IsOpen(window)) {
+        return false;
+    }
+    dialogs_->Inform("Please close " + std::string(NameInRefusals(window)) + " window first.");
+    return true;
+}
+
+bool Workbench::RefuseLoading() {
+    return RefuseWhileRunning() || RefuseWhileOpen(Window::Disassembler) ||
+           RefuseWhileOpen(Window::BreakpointsManager);
+}
+
+void Workbench::LoadProgram() {
+    if (RefuseLoading()) {
+        return;
+    }
+    const std::optional<std::string> path =
+        dialogs_->OpenFile({.title = "Select Program File",
+                            .filters = "Intel HEX files (*.hex)|*.hex|All files (*.*)|*.*",
+                            .folder = settings_.LastPath()});
+    if (path && !path->empty()) {
+        LoadProgramFile(*path);
+    }
+}
+
+void Workbench::LoadProgramFile(const std::string& path) {
+    if (RefuseLoading()) {
+        return;
+    }
+    settings_.SetLastPathOf(path);
+    SetMenusEnabled(false);
+    if (const std::optional<std::string> text = ReadFileOrInform(*dialogs_, path)) {
+        const common::Result<loader::Program, loader::HexError> program =
+            loader::ReadIntelHex(*text, Model().programWords);
+        if (program) {
+            ReplaceProgram(path, program->words, program->loadedWords);
+            dialogs_->Inform(loader::LoadedMessage(loadedWords_));
+        } else {
+            ReplaceProgram("", {}, 0);
+            dialogs_->Inform(loader::HexErrorMessage(program.error));
+        }
+    }
+    SetMenusEnabled(true);
+}
+
+void Workbench::ReplaceProgram(const std::string& path, std::span<const std::uint16_t> words,
+                               int loadedWords) {
+    core::Clean(processor_);
+    core::FillProgramMemory(processor_, words);
+    programPath_ = path;
+    loadedWords_ = loadedWords;
+    breakpoints_.Clear();
+    BreakpointsChanged();
+    views_->ProgramChanged();
+    windows_.RefreshAfterReset();
+}
+
+void Workbench::SetMenusEnabled(bool enabled) {
+    menusEnabled_ = enabled;
+    views_->CommandsChanged();
+}
+
+void Workbench::OpenWindow(Window window) {
+    const bool needsProgram =
+        window == Window::Disassembler || window == Window::BreakpointsManager;
+    if (needsProgram && loadedWords_ == 0) {
+        dialogs_->Inform("No program loaded.");
+        return;
+    }
+    views_->ShowWindow(window);
+}
+
+void Workbench::OpenMicrocontrollerView() {
+    views_->ShowWindow(ChipViewOf(Model().family));
+}
+
+std::string Workbench::MicrocontrollerViewTitle() const {
+    return "Microcontroller View - " + std::string(Model().name);
+}
+
+void Workbench::ToggleSavePositions() {
+    settings_.SetSavePositions(!settings_.SavePositions());
+    views_->CommandsChanged();
+}
+
+bool Workbench::SelectMicrocontroller() {
+    if (RefuseWhileRunning() || RefuseWhileOpen(Window::Disassembler) ||
+        RefuseWhileOpen(Window::BreakpointsManager) || RefuseWhileOpen(Window::BasicCompiler) ||
+        RefuseWhileOpen(Window::Assembler)) {
+        return true;
+    }
+    CloseSecondaryWindows();  // none but viewers is open here
+    const std::optional<int> row = dialogs_->ChooseModel(settings_.ModelRow());
+    if (!row) {
+        return true;
+    }
+    settings_.SetModelRow(*row);
+    return ApplySelectedModel();
+}
+
+void Workbench::ChangeClockFrequency() {
+    if (RefuseWhileRunning() || RefuseWhileOpen(Window::BasicCompiler) ||
+        RefuseWhileOpen(Window::Assembler)) {
+        return;
+    }
+    const std::optional<std::string> answer = dialogs_->Input(
+        "Enter new clock frequency [MHz].", common::DecimalText(settings_.ClockFrequency()));
+    const auto frequency = static_cast<float>(common::LeadingNumber(answer.value_or("")));
+    if (frequency > 0 && std::isfinite(frequency)) {
+        settings_.SetClockFrequency(frequency);
+    }
+}
+
+std::optional<int> Workbench::AskClockCycles(const std::string& prompt, int current) {
+    if (RefuseWhileRunning()) {
+        return std::nullopt;
+    }
+    const std::optional<std::string> answer = dialogs_->Input(prompt, std::to_string(current));
+    const int cycles = common::RoundToInt(common::LeadingNumber(answer.value_or(""))).value_or(0);
+    return cycles > 0 ? std::optional(cycles) : std::nullopt;
+}
+
+void Workbench::ChangeEepromWriteTime() {
+    if (const std::optional<int> cycles = AskClockCycles(
+            "Enter new EEPROM write time [clock cycles].", settings_.EepromWriteTime())) {
+        settings_.SetEepromWriteTime(*cycles);
+        processor_.eepromWriteTime = *cycles;
+    }
+}
+
+void Workbench::ChangeAdConversionTime() {
+    if (const std::optional<int> cycles = AskClockCycles(
+            "Enter new A/D conversion time [clock cycles].", settings_.AdConversionTime())) {
+        settings_.SetAdConversionTime(*cycles);
+        processor_.adConversionTime = *cycles;
+    }
+}
+
+void Workbench::UpdatePortInputs() {
+    core::UpdatePortInputs(processor_);
+}
+
+void Workbench::TogglePin(core::Pin pin) {
+    core::TogglePin(processor_, pin, simulation_.SimulationRunning());
+    windows_.RefreshChipView();
+}
+
+void Workbench::SetAnalogValue(int channel, int value) {
+    core::SetAnalogValue(processor_, channel, value);
+    windows_.RefreshChipView();
+}
+
+Listing Workbench::BuildBreakpointListing(Dialogs& dialogs) const {
+    const std::string path = ListingPathOf(programPath_);
+    std::error_code error;
+    if (!path.empty() && std::filesystem::exists(path, error) &&
+        dialogs.Ask("Do you want to use existing listing file " + path + "?")) {
+        if (const std::optional<std::string> text = ReadFileOrInform(dialogs, path)) {
+            return ListingOfFile(*text);
+        }
+    }
+    return ListingOfDisassembly(
+        disasm::DisassembleProgram(LoadedProgram(), disasm::ListingFormat::WithOpcodes));
+}
+
+void Workbench::ToggleBreakpoint(Dialogs& dialogs, int address) {
+    if (!breakpoints_.Toggle(address)) {
+        dialogs.Inform("You can not define more than 10 breakpoints.");
+        return;
+    }
+    BreakpointsChanged();
+    windows_.RefreshBreakpoints();
+}
+
+void Workbench::ClearBreakpoints() {
+    breakpoints_.Clear();
+    BreakpointsChanged();
+    windows_.RefreshBreakpoints();
+}
+
+void Workbench::BreakpointsChanged() {
+    // A listing may hold addresses that pc never takes.
+    const std::span<const int> addresses = breakpoints_.Addresses();
+    const auto end = std::ranges::lower_bound(addresses, core::kProgramCounterRange);
+    core::SetBreakpoints(processor_, {addresses.begin(), end});
+}
+
+void Workbench::CloseSecondaryWindows() {
+    for (const Window window : kSecondaryWindows) {
+        windows_.Close(window);
+    }
+}
+
+}  // namespace corvane::app

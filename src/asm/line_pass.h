@@ -1,0 +1,31 @@
+// What all passes over the lines have in common.
+#pragma once
+
+#include <string_view>
+
+#include "asm/assembler.h"
+#include "common/progress.h"
+
+namespace corvane::assembler {
+
+// Every failed check of a line counts; the line keeps the last message.
+inline void Report(Assembly& assembly, AsmLine& line, std::string_view message) {
+    line.hasError = true;
+    line.errorMessage = message;
+    ++assembly.errorCount;
+}
+
+template <typename Pass>
+void ForEachLine(Assembly& assembly, std::string_view status,
+                 const common::ProgressCallback& progress, Pass pass) {
+    int lineNumber = 0;
+    for (AsmLine& line : assembly.lines) {
+        ++lineNumber;
+        if (progress) {
+            progress(status, lineNumber);
+        }
+        pass(line);
+    }
+}
+
+}  // namespace corvane::assembler

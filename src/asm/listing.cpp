@@ -1,0 +1,78 @@
+#include "asm/listing.h"
+
+#include <cstddef>
+#include <string_view>
+
+#include "common/number_text.h"
+#include "common/text.h"
+
+namespace corvane::assembler {
+
+namespace {
+
+constexpr std::string_view kRule = "---------------------------------------------\r\n";
+constexpr int kHeadingLines = 4;
+constexpr std::string_view kGap = "    ";
+constexpr std::size_t kNumberWidth = 4;
+constexpr std::size_t kMessageWidth = 60;
+
+// The last four decimal digits, with leading zeros.
+std::string LineNumberText(std::size_t lineNumber) {
+    const std::string digits = "000" + std::to_string(lineNumber);
+    return digits.substr(digits.size() - kNumberWidth);
+}
+
+void AppendLine(std::string& text, const std::string& number, const AsmLine& line) {
+    text += number;
+    text += kGap;
+    text += common::Hex4(line.address);
+    text += kGap;
+    text += line.opcode ? common::Hex4(*line.opcode) : std::string(kGap);
+    text += kGap;
+    text += common::TrimRight(line.source);
+    text += "\r\n";
+}
+
+void AppendError(std::string& text, const std::string& number, std::string_view message) {
+    text += number;
+    text += " Error: ";
+    text += message.substr(0, kMessageWidth);
+    text.append(kMessageWidth - std::min(message.size(), kMessageWidth), ' ');
+    text += "\r\n";
+}
+
+}  // namespace
+
+std::string ListingText(const Assembly& assembly) {
+    std::string text(kRule);
+    text += "PIC ASSEMBLER LISTING\r\n";
+    text += "Line    Address Opcode  Instruction\r\n";
+    text += kRule;
+    std::size_t lineNumber = 0;
+    for (const AsmLine& line : assembly.lines) {
+        const std::string number = LineNumberText(++lineNumber);
+        AppendLine(text, number, line);
+        if (line.hasError) {
+            AppendError(text, number, line.errorMessage);
+        }
+    }
+    text += kRule;
+    text += "Number of errors = " + std::to_string(assembly.errorCount) + "\r\n";
+    return text;
+}
+
+std::vector<ListedError> ErrorsInListing(const Assembly& assembly) {
+    std::vector<ListedError> errors;
+    int listingLine = kHeadingLines;
+    int sourceLine = 0;
+    for (const AsmLine& line : assembly.lines) {
+        ++listingLine;
+        ++sourceLine;
+        if (line.hasError) {
+            errors.push_back({++listingLine, sourceLine});
+        }
+    }
+    return errors;
+}
+
+}  // namespace corvane::assembler

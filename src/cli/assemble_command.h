@@ -1,0 +1,22 @@
+// corvane-cli assemble: writes a program's .hex and .lst files.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "cli/command_result.h"
+#include "cli/model_files.h"
+
+namespace corvane::cli {
+
+struct AssembleOptions {
+    ModelOptions model;
+    std::string source;
+    std::string hexFile;                   // empty: beside the source
+    std::string listingFile;               // empty: beside the source
+    std::optional<int> configurationWord;  // the model's default without it
+};
+
+CommandResult Assemble(const AssembleOptions& options);
+
+}  // namespace corvane::cli

@@ -1,0 +1,22 @@
+// corvane-cli build: compiles when needed, then assembles.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "cli/command_result.h"
+#include "cli/model_files.h"
+
+namespace corvane::cli {
+
+struct BuildOptions {
+    ModelOptions model;
+    std::string source;   // .bas or .asm
+    std::string hexFile;  // empty: beside the source
+    std::optional<int> configurationWord;
+    float clockFrequency = 4.0F;  // MHz
+};
+
+CommandResult Build(const BuildOptions& options);
+
+}  // namespace corvane::cli

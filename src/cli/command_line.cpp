@@ -1,0 +1,226 @@
+#include "cli/command_line.h"
+
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "cli/assemble_command.h"
+#include "cli/build_command.h"
+#include "cli/compile_command.h"
+#include "cli/diagnostics.h"
+#include "cli/disassemble_command.h"
+#include "cli/format_command.h"
+#include "cli/models_command.h"
+#include "cli/option_values.h"
+#include "cli/output.h"
+#include "cli/run_command.h"
+
+namespace corvane::cli {
+
+namespace {
+
+constexpr int kHighestConfigurationWord = 0x3FFF;
+constexpr int kHighestAddress = core::kProgramCounterRange - 1;
+
+int ExitStatus(Ending ending) {
+    switch (ending) {
+        case Ending::Done:
+            return 0;
+        case Ending::Refused:
+            return 1;
+        case Ending::WrongUsage:
+            return 2;
+        case Ending::ProgramFault:
+            return 3;
+        case Ending::Interrupted:
+            return 4;
+    }
+    return 1;
+}
+
+void AddModelOptions(CLI::App& app, ModelOptions& model) {
+    app.add_option_function<std::string>(
+           "-m,--model",
+           [&model](const std::string& name) {
+               const std::optional<int> row = models::FindModel(name);
+               if (!row) {
+                   throw CLI::ValidationError(
+                       "--model", "There is no model '" + name + "'; 'models' lists them.");
+               }
+               model.model = &models::kModelCatalogue[static_cast<std::size_t>(*row)];
+           },
+           "Microcontroller, PIC16F84 by default")
+        ->type_name("NAME");
+    app.add_option("--model-dir", model.folder, "Folder of the .cfg files")->type_name("DIR");
+}
+
+void AddSource(CLI::App& app, std::string& source, const std::string& name) {
+    app.add_option("FILE", source, name)->required();
+}
+
+void AddOutput(CLI::App& app, const std::string& names, std::string& file,
+               const std::string& description) {
+    app.add_option(names, file, description)->type_name("FILE");
+}
+
+void AddConfigurationWord(CLI::App& app, std::optional<int>& word) {
+    AddHexOption(app, "--config", word, kHighestConfigurationWord,
+                 "Configuration word, the model's default without it");
+}
+
+void AddClock(CLI::App& app, float& megahertz) {
+    AddFrequencyOption(app, "--clock", megahertz, "Clock frequency, 4 by default");
+}
+
+// What the whole command line fills.
+struct CommandLine {
+    CLI::App app{"Assembles, compiles, disassembles and simulates programs for PIC16 controllers.",
+                 "corvane-cli"};
+    ModelOptions model;
+    CommandResult result;
+};
+
+// Adds a command that runs once the whole line has been read.
+template <typename Options, typename Declare, typename Command>
+void AddCommand(CommandLine& line, const std::string& name, const std::string& description,
+                Declare declareOptions, Command command) {
+    CLI::App& app = *line.app.add_subcommand(name, description);
+    const auto options = std::make_shared<Options>();
+    declareOptions(app, *options);
+    AddModelOptions(app, line.model);
+    app.callback([options, command, &line] {
+        options->model = line.model;
+        line.result = command(*options);
+    });
+}
+
+void AddModels(CommandLine& line) {
+    CLI::App& app = *line.app.add_subcommand(
+        "models",
+        "Lists the models: name, program words, EEPROM bytes, default configuration word, family");
+    AddModelOptions(app, line.model);
+    app.callback([&line] { line.result = ListModels(); });
+}
+
+void AddAssemble(CommandLine& line) {
+    AddCommand<AssembleOptions>(
+        line, "assemble", "Assembles a source to an Intel HEX file and a listing",
+        [](CLI::App& app, AssembleOptions& options) {
+            AddSource(app, options.source, "Assembler source, .asm");
+            AddOutput(app, "-o,--output", options.hexFile, "Intel HEX file, beside the source");
+            AddOutput(app, "-l,--listing", options.listingFile, "Listing, beside the source");
+            AddConfigurationWord(app, options.configurationWord);
+        },
+        Assemble);
+}
+
+void AddCompile(CommandLine& line) {
+    AddCommand<CompileOptions>(
+        line, "compile", "Compiles a BASIC source to an assembler source",
+        [](CLI::App& app, CompileOptions& options) {
+            AddSource(app, options.source, "BASIC source, .bas");
+            AddOutput(app, "-o,--output", options.assemblerFile,
+                      "Assembler source, beside the BASIC source");
+            AddClock(app, options.clockFrequency);
+        },
+        Compile);
+}
+
+void AddFormat(CommandLine& line) {
+    AddCommand<FormatOptions>(
+        line, "format", "Prints a BASIC source as the editor rewrites it",
+        [](CLI::App& app, FormatOptions& options) {
+            AddSource(app, options.source, "BASIC source, .bas");
+            app.add_flag("-i,--in-place", options.inPlace, "Write it back into the file");
+        },
+        Format);
+}
+
+void AddBuild(CommandLine& line) {
+    AddCommand<BuildOptions>(
+        line, "build", "Compiles when needed, then assembles",
+        [](CLI::App& app, BuildOptions& options) {
+            AddSource(app, options.source, "BASIC or assembler source, .bas or .asm");
+            AddOutput(app, "-o,--output", options.hexFile, "Intel HEX file, beside the source");
+            AddConfigurationWord(app, options.configurationWord);
+            AddClock(app, options.clockFrequency);
+        },
+        Build);
+}
+
+void AddDisassemble(CommandLine& line) {
+    AddCommand<DisassembleOptions>(
+        line, "disassemble", "Lists the program of an Intel HEX file",
+        [](CLI::App& app, DisassembleOptions& options) {
+            AddSource(app, options.program, "Program, .hex");
+            AddOutput(app, "-o,--output", options.listingFile,
+                      "Listing, standard output by default");
+            app.add_flag("--no-opcodes", options.withoutOpcodes, "Only the instructions");
+        },
+        Disassemble);
+}
+
+void AddRun(CommandLine& line) {
+    AddCommand<RunOptions>(
+        line, "run", "Simulates a program",
+        [](CLI::App& app, RunOptions& options) {
+            AddSource(app, options.program, "Program, or source to build first: .hex, .asm, .bas");
+            AddNumberOption(app, "-n,--steps", options.limits.steps, 0, "End after N steps");
+            AddNumberOption(app, "-c,--cycles", options.limits.clockCycles, 0,
+                            "End once N clock cycles have passed");
+            AddHexListOption(app, "-b,--break", options.breakpoints, kHighestAddress,
+                             kMaxBreakpoints,
+                             "End when pc is this address after a step; up to 10 times");
+            AddOutput(app, "-s,--stimulus", options.stimulusFile, "Pin and analog events");
+            AddOutput(app, "-t,--trace", options.traceFile, "Write one line per step");
+            AddOutput(app, "--state", options.stateFile, "Write the final state as JSON");
+            app.add_flag("-q,--quiet", options.quiet, "No statistics message");
+            AddClock(app, options.clockFrequency);
+            AddNumberOption(app, "--eeprom-write-time", options.eepromWriteTime, 1,
+                            "Clock cycles of an EEPROM write");
+            AddNumberOption(app, "--ad-conversion-time", options.adConversionTime, 1,
+                            "Clock cycles of an A/D conversion");
+        },
+        RunProgram);
+}
+
+CommandResult PrintText(const std::string& text) {
+    const std::optional<std::string> error = WriteOutput("-", text);
+    return error ? Refused(*error) : CommandResult{};
+}
+
+// The library's way to say what it read is an exception; this is the only place that sees one.
+CommandResult ParseAndRun(CommandLine& line, int argc, const char* const* argv) {
+    try {
+        line.app.parse(argc, argv);
+        return line.result;
+    } catch (const CLI::CallForHelp&) {
+        return PrintText(line.app.help());
+    } catch (const CLI::CallForVersion&) {
+        return PrintText("corvane-cli " CORVANE_VERSION "\n");
+    } catch (const CLI::ParseError& error) {
+        return WrongUsage(std::string("corvane-cli: ") + error.what() +
+                          "\nRun 'corvane-cli --help' or 'corvane-cli COMMAND --help'.");
+    }
+}
+
+}  // namespace
+
+int RunCommandLine(int argc, const char* const* argv) {
+    CommandLine line;
+    line.app.require_subcommand(1);
+    line.app.set_version_flag("--version", "");
+    AddModelOptions(line.app, line.model);
+    for (const auto add :
+         {AddModels, AddAssemble, AddCompile, AddFormat, AddBuild, AddDisassemble, AddRun}) {
+        add(line);
+    }
+    const CommandResult result = ParseAndRun(line, argc, argv);
+    if (!result.message.empty()) {
+        WriteStandardError(result.message);
+    }
+    return ExitStatus(result.ending);
+}
+
+}  // namespace corvane::cli

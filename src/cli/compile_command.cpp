@@ -1,0 +1,36 @@
+#include "cli/compile_command.h"
+
+#include <array>
+#include <optional>
+
+#include "cli/output.h"
+#include "cli/source_file.h"
+#include "cli/translation.h"
+
+namespace corvane::cli {
+
+CommandResult Compile(const CompileOptions& options) {
+    const std::string assemblerFile =
+        options.assemblerFile.empty() ? NameBeside(options.source, ".asm") : options.assemblerFile;
+    if (const auto conflict =
+            OutputConflict(std::array{options.source}, std::array{assemblerFile})) {
+        return WrongUsage(*conflict);
+    }
+    const common::Result<ModelFile> modelFile = ReadModelFile(options.model);
+    if (!modelFile) {
+        return Refused(modelFile.error);
+    }
+    const common::Result<std::string> source = ReadSource(options.source);
+    if (!source) {
+        return Refused(source.error);
+    }
+    const common::Result<std::string> assemblerText =
+        CompileText(options.source, *source, *modelFile, options.clockFrequency);
+    if (!assemblerText) {
+        return Refused(assemblerText.error);
+    }
+    const std::optional<std::string> error = WriteOutput(assemblerFile, *assemblerText);
+    return error ? Refused(*error) : CommandResult{};
+}
+
+}  // namespace corvane::cli

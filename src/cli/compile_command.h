@@ -1,0 +1,20 @@
+// corvane-cli compile: writes the assembler text of a BASIC program.
+#pragma once
+
+#include <string>
+
+#include "cli/command_result.h"
+#include "cli/model_files.h"
+
+namespace corvane::cli {
+
+struct CompileOptions {
+    ModelOptions model;
+    std::string source;
+    std::string assemblerFile;    // empty: beside the source
+    float clockFrequency = 4.0F;  // MHz
+};
+
+CommandResult Compile(const CompileOptions& options);
+
+}  // namespace corvane::cli

@@ -1,0 +1,37 @@
+#include "cli/disassemble_command.h"
+
+#include <array>
+#include <optional>
+#include <span>
+
+#include "cli/diagnostics.h"
+#include "cli/output.h"
+#include "cli/program_file.h"
+#include "disasm/listing.h"
+
+namespace corvane::cli {
+
+CommandResult Disassemble(const DisassembleOptions& options) {
+    if (const auto conflict =
+            OutputConflict(std::array{options.program}, std::array{options.listingFile})) {
+        return WrongUsage(*conflict);
+    }
+    const common::Result<loader::Program> program =
+        ReadHexFile(options.program, *options.model.model);
+    if (!program) {
+        return Refused(program.error);
+    }
+    if (program->loadedWords == 0) {
+        return Refused(ErrorText(options.program, "No program loaded."));
+    }
+    const auto loaded =
+        std::span(program->words).first(static_cast<std::size_t>(program->loadedWords));
+    const std::optional<std::string> error =
+        WriteOutput(options.listingFile,
+                    disasm::DisassembleProgram(loaded, options.withoutOpcodes
+                                                           ? disasm::ListingFormat::WithoutOpcodes
+                                                           : disasm::ListingFormat::WithOpcodes));
+    return error ? Refused(*error) : CommandResult{};
+}
+
+}  // namespace corvane::cli

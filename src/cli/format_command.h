@@ -1,0 +1,19 @@
+// corvane-cli format: a BASIC text as the editor rewrites it.
+#pragma once
+
+#include <string>
+
+#include "cli/command_result.h"
+#include "cli/model_files.h"
+
+namespace corvane::cli {
+
+struct FormatOptions {
+    ModelOptions model;
+    std::string source;
+    bool inPlace = false;  // into the source file instead of standard output
+};
+
+CommandResult Format(const FormatOptions& options);
+
+}  // namespace corvane::cli

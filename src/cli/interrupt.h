@@ -1,0 +1,11 @@
+// Ctrl-C while a program is simulated.
+#pragma once
+
+namespace corvane::cli {
+
+// From now on Ctrl-C (SIGINT) and SIGTERM only raise a flag.
+void CatchInterrupts();
+
+bool IsInterrupted();
+
+}  // namespace corvane::cli

@@ -1,0 +1,32 @@
+// Finding and reading the model description files.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "common/result.h"
+#include "models/catalogue.h"
+#include "models/description.h"
+
+namespace corvane::cli {
+
+struct ModelOptions {
+    const models::Model* model = &models::kModelCatalogue[models::kDefaultModel];
+    std::string folder;  // of the description files; empty when they are to be found
+};
+
+struct ModelFile {
+    const models::Model* model;
+    std::string path;  // as messages name it
+    models::ModelDescription description;
+};
+
+// Without a folder the file is looked for beside the executable, then in the data folder. The error
+// is complete.
+common::Result<ModelFile> ReadModelFile(const ModelOptions& options);
+
+// Warns of the lines that the readers of predefined symbols have skipped.
+void ReportBadSymbolLines(const ModelFile& file,
+                          const std::vector<models::SymbolLine>& symbolLines);
+
+}  // namespace corvane::cli

@@ -1,0 +1,171 @@
+#include "cli/run_command.h"
+
+#include <array>
+#include <chrono>
+#include <optional>
+
+#include "cli/diagnostics.h"
+#include "cli/interrupt.h"
+#include "cli/output.h"
+#include "cli/program_file.h"
+#include "cli/source_file.h"
+#include "cli/state_json.h"
+#include "common/number_text.h"
+#include "common/text.h"
+#include "common/text_file.h"
+#include "core/simulation_control.h"
+#include "isa/instruction_set.h"
+
+namespace corvane::cli {
+
+namespace {
+
+struct Simulation {
+    core::Processor processor;
+    int loadedWords;
+    std::vector<StimulusEvent> events;
+};
+
+common::Result<std::vector<StimulusEvent>> ReadEvents(const RunOptions& options) {
+    if (options.stimulusFile.empty()) {
+        return common::Result<std::vector<StimulusEvent>>::Success({});
+    }
+    const common::Result<std::string> text = common::ReadTextFile(options.stimulusFile);
+    if (!text) {
+        return common::Result<std::vector<StimulusEvent>>::Failure(
+            ErrorText(options.stimulusFile, text.error));
+    }
+    return ReadStimulus(options.stimulusFile, *text, *options.model.model);
+}
+
+// Reads the input files and loads the program.
+common::Result<Simulation> PrepareSimulation(const RunOptions& options) {
+    using PrepareResult = common::Result<Simulation>;
+    common::Result<ModelFile> modelFile = ReadModelFile(options.model);
+    if (!modelFile) {
+        return PrepareResult::Failure(modelFile.error);
+    }
+    const common::Result<loader::Program> program =
+        ReadProgram(options.program, *modelFile, options.clockFrequency);
+    if (!program) {
+        return PrepareResult::Failure(program.error);
+    }
+    common::Result<std::vector<StimulusEvent>> events = ReadEvents(options);
+    if (!events) {
+        return PrepareResult::Failure(events.error);
+    }
+    core::Processor processor =
+        core::MakeProcessor(*modelFile->model, std::move(modelFile->description));
+    processor.eepromWriteTime = options.eepromWriteTime;
+    processor.adConversionTime = options.adConversionTime;
+    core::FillProgramMemory(processor, program->words);
+    core::SetBreakpoints(processor, options.breakpoints);
+    return PrepareResult::Success({std::move(processor), program->loadedWords, std::move(*events)});
+}
+
+float SecondsSinceMidnight() {
+    using Seconds = std::chrono::duration<double>;
+    const Seconds now = std::chrono::system_clock::now().time_since_epoch() % std::chrono::days(1);
+    return static_cast<float>(now.count());
+}
+
+CommandResult ResultOfRun(const RunOptions& options, const core::Processor& processor) {
+    const core::ProcessorState& state = processor.state;
+    if (!state.stopRequested) {
+        return {IsInterrupted() ? Ending::Interrupted : Ending::Done, ""};
+    }
+    if (state.lastInstruction >= 0 &&
+        isa::Classify(state.lastInstruction) == isa::Operation::Unrecognized) {
+        return {
+            Ending::ProgramFault,
+            ErrorText(options.program, "The word " + common::Hex4(state.lastInstruction) + " at " +
+                                           common::Hex4(state.pc) + " is no instruction.")};
+    }
+    if (state.pc >= processor.model->programWords) {
+        return {Ending::ProgramFault,
+                ErrorText(options.program, "The program ran past the end of program memory, to " +
+                                               common::Hex4(state.pc) + ".")};
+    }
+    return {};
+}
+
+struct RunOutputs {
+    std::optional<Trace> trace;
+    std::optional<Output> state;
+};
+
+std::optional<std::string> Open(RunOutputs& outputs, const RunOptions& options) {
+    std::optional<std::string> error;
+    if (!options.traceFile.empty()) {
+        error = outputs.trace.emplace().Open(options.traceFile);
+    }
+    if (!options.stateFile.empty() && !error) {
+        error = outputs.state.emplace().Open(options.stateFile);
+    }
+    return error;
+}
+
+std::optional<std::string> WriteState(Output& output, const Simulation& simulation) {
+    const std::string json = StateJson(simulation.processor, simulation.loadedWords);
+    std::optional<std::string> error =
+        output.Write(output.LineEnd() == "\n" ? json : common::WithCrLf(json));
+    return error ? error : output.Close();
+}
+
+// Writes every result, even when one cannot be written; returns the errors, one a line.
+std::string WriteResults(RunOutputs& outputs, const Simulation& simulation,
+                         const std::string& statistics) {
+    std::string errors;
+    const auto note = [&errors](const std::optional<std::string>& error) {
+        if (error && errors != *error) {  // two results may go to the same place
+            errors += (errors.empty() ? "" : "\n") + *error;
+        }
+    };
+    if (outputs.trace) {
+        note(outputs.trace->Close());
+    }
+    if (!statistics.empty()) {
+        note(WriteOutput("-", statistics + "\n"));
+    }
+    if (outputs.state) {
+        note(WriteState(*outputs.state, simulation));
+    }
+    return errors;
+}
+
+CommandResult Simulate(const RunOptions& options, Simulation& simulation) {
+    RunOutputs outputs;
+    if (const std::optional<std::string> error = Open(outputs, options)) {
+        return Refused(*error);
+    }
+    CatchInterrupts();
+    core::Processor& processor = simulation.processor;
+    core::StartSimulation(processor);
+    const float startTime = SecondsSinceMidnight() - 0.01F;
+    if (const auto error = RunToEnd(processor, options.limits, simulation.events,
+                                    outputs.trace ? &*outputs.trace : nullptr)) {
+        return Refused(*error);
+    }
+    const std::string statistics =
+        options.quiet ? ""
+                      : core::StatisticsMessage(processor.state, startTime, SecondsSinceMidnight(),
+                                                options.clockFrequency);
+    const std::string errors = WriteResults(outputs, simulation, statistics);
+    return errors.empty() ? ResultOfRun(options, processor) : Refused(errors);
+}
+
+}  // namespace
+
+CommandResult RunProgram(const RunOptions& options) {
+    if (KindOf(options.program) == FileKind::Unknown) {
+        return WrongUsage(ErrorText(options.program, "The name must end in .hex, .asm or .bas."));
+    }
+    if (const auto conflict = OutputConflict(std::array{options.program, options.stimulusFile},
+                                             std::array{options.traceFile, options.stateFile})) {
+        return WrongUsage(*conflict);
+    }
+    common::Result<Simulation> simulation = PrepareSimulation(options);
+    return simulation ? Simulate(options, *simulation) : Refused(simulation.error);
+}
+
+}  // namespace corvane::cli

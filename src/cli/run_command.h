@@ -1,0 +1,31 @@
+// corvane-cli run: simulates a program.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "cli/command_result.h"
+#include "cli/model_files.h"
+#include "cli/run_loop.h"
+
+namespace corvane::cli {
+
+constexpr int kMaxBreakpoints = 10;
+
+struct RunOptions {
+    ModelOptions model;
+    std::string program;  // .hex, .asm or .bas
+    RunLimits limits;
+    std::vector<int> breakpoints;  // program addresses, kMaxBreakpoints at most
+    std::string stimulusFile;      // files are empty when not wanted
+    std::string traceFile;
+    std::string stateFile;
+    bool quiet = false;           // without the statistics message
+    float clockFrequency = 4.0F;  // MHz
+    int eepromWriteTime = 1000;   // clock cycles
+    int adConversionTime = 100;   // clock cycles
+};
+
+CommandResult RunProgram(const RunOptions& options);
+
+}  // namespace corvane::cli

@@ -1,0 +1,42 @@
+#include "cli/source_file.h"
+
+#include <filesystem>
+
+#include "cli/diagnostics.h"
+#include "common/text.h"
+#include "common/text_file.h"
+
+namespace corvane::cli {
+
+namespace fs = std::filesystem;
+
+FileKind KindOf(const std::string& file) {
+    const std::string lower = common::ToLower(file);
+    if (lower.ends_with(".hex")) {
+        return FileKind::Hex;
+    }
+    if (lower.ends_with(".asm")) {
+        return FileKind::Assembler;
+    }
+    return lower.ends_with(".bas") ? FileKind::Basic : FileKind::Unknown;
+}
+
+common::Result<std::string> ReadSource(const std::string& file) {
+    common::Result<std::string> text = common::ReadTextFile(file);
+    if (!text) {
+        return common::Result<std::string>::Failure(ErrorText(file, text.error));
+    }
+    if (text->empty()) {
+        return common::Result<std::string>::Failure(ErrorText(file, "The editor is empty."));
+    }
+    return text;
+}
+
+std::string NameBeside(const std::string& file, std::string_view extension) {
+    fs::path path(file);
+    std::string name = path.filename().string();
+    name.resize(std::min(name.find('.'), name.size()));
+    return path.replace_filename(name.append(extension)).string();
+}
+
+}  // namespace corvane::cli

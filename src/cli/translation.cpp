@@ -1,0 +1,54 @@
+#include "cli/translation.h"
+
+#include "basic/compiler.h"
+#include "basic/editor_form.h"
+#include "cli/diagnostics.h"
+#include "models/symbol_lines.h"
+
+namespace corvane::cli {
+
+assembler::Assembly AssembleText(const std::string& file, std::string_view text,
+                                 const ModelFile& modelFile, int configurationWord) {
+    ReportBadSymbolLines(modelFile, modelFile.description.asmSymbolLines);
+    assembler::Assembly assembly = assembler::Assemble(
+        text, models::ReadSymbolLines(modelFile.description.asmSymbolLines).symbols,
+        configurationWord);
+    for (const assembler::Warning& warning :
+         assembler::WarningsFor(assembly, modelFile.model->name, modelFile.model->programWords)) {
+        ReportWarning(file, warning.lineNumber, warning.message);
+    }
+    return assembly;
+}
+
+std::string AssemblyErrors(const std::string& file, const assembler::Assembly& assembly) {
+    std::string errors;
+    int lineNumber = 0;
+    for (const assembler::AsmLine& line : assembly.lines) {
+        ++lineNumber;
+        if (line.hasError) {
+            errors += errors.empty() ? "" : "\n";
+            errors += ErrorText(file, lineNumber, line.errorMessage);
+        }
+    }
+    return errors;
+}
+
+common::Result<std::string> CompileText(const std::string& file, std::string_view text,
+                                        const ModelFile& modelFile, float clockFrequency) {
+    using CompileResult = common::Result<std::string>;
+    const models::ModelDescription& description = modelFile.description;
+    ReportBadSymbolLines(modelFile, description.basicSymbolLines);
+    const std::string rewritten = basic::RewriteText(text, basic::EditorKeywords(description));
+    common::Result<basic::Compilation, basic::LineMessage> compilation =
+        basic::Compile(rewritten, *modelFile.model, description, clockFrequency);
+    if (!compilation) {
+        const basic::LineMessage& error = compilation.error;
+        return CompileResult::Failure(ErrorText(file, error.lineNumber, error.message));
+    }
+    for (const basic::LineMessage& warning : compilation->warnings) {
+        ReportWarning(file, warning.lineNumber, warning.message);
+    }
+    return CompileResult::Success(std::move(compilation->assembler));
+}
+
+}  // namespace corvane::cli

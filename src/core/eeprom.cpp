@@ -1,0 +1,123 @@
+#include "core/eeprom.h"
+
+#include "core/registers.h"
+#include "isa/instruction_set.h"
+
+namespace corvane::core {
+
+namespace {
+
+bool IsMovlw(int word, int literal) {
+    return isa::Classify(word) == isa::Operation::Movlw && isa::Literal8Field(word) == literal;
+}
+
+// The bank does not show in the word: a MOVWF to the same file address elsewhere passes too.
+bool IsMovwfEecon2(int word, const models::FamilyTraits& traits) {
+    return isa::Classify(word) == isa::Operation::Movwf &&
+           isa::RegisterField(word) == (traits.eecon2 & 0x7F);
+}
+
+struct Eeprom {
+    ProcessorState& state;
+    const models::Model& model;
+    const models::FamilyTraits& traits;
+    int writeTime;  // clock cycles
+
+    std::uint8_t& Register(int address) {
+        return state.dataMemory[static_cast<std::size_t>(address)];
+    }
+    std::uint8_t& Eecon1() { return Register(traits.eecon1); }
+
+    // EEPGD points RD and WR at program memory, which is neither read nor written.
+    bool IsDataMemorySelected() {
+        return !models::IsPic16F87x(model.family) || !AnySet(Eecon1(), eecon1::kEepgd);
+    }
+
+    void Read() {
+        if (!AnySet(Eecon1(), eecon1::kRd)) {
+            return;
+        }
+        ClearBits(Eecon1(), eecon1::kRd);
+        if (state.eeWriteBusy) {
+            return;
+        }
+        ClearBits(Eecon1(), eecon1::kWr);
+        const std::uint8_t address = Register(traits.eeadr);
+        if (address < model.eepromBytes && IsDataMemorySelected()) {
+            Register(traits.eedata) = state.eepromMemory[address];
+        }
+    }
+
+    void WatchUnlock() {
+        const int word = state.lastInstruction;
+        bool advances = false;
+        switch (state.eeUnlockState) {
+            case 0:
+                advances = IsMovlw(word, 0x55);
+                break;
+            case 2:
+                advances = IsMovlw(word, 0xAA);
+                break;
+            case 1:
+            case 3:
+                advances = IsMovwfEecon2(word, traits);
+                break;
+            default:
+                BeginWrite();
+                break;
+        }
+        state.eeUnlockState = advances ? state.eeUnlockState + 1 : 0;
+    }
+
+    // The instruction right behind the sequence must have set WR.
+    void BeginWrite() {
+        constexpr int kEnabledWrite = eecon1::kWren | eecon1::kWr;
+        if ((Eecon1() & kEnabledWrite) != kEnabledWrite || !IsDataMemorySelected()) {
+            ClearBits(Eecon1(), eecon1::kWr);
+            return;
+        }
+        state.eeWriteAddress = Register(traits.eeadr);
+        state.eeWriteData = Register(traits.eedata);
+        state.eeWriteBusy = true;
+        state.eeWriteElapsed = 0;
+    }
+
+    void AdvanceWrite() {
+        state.eeWriteElapsed += kClocksPerCycle;
+        SetBits(Eecon1(), eecon1::kWr);
+        if (models::IsPic16F87x(model.family)) {
+            ClearBits(Eecon1(), eecon1::kEepgd);
+        }
+        if (state.eeWriteElapsed < writeTime) {
+            return;
+        }
+        ClearBits(Eecon1(), eecon1::kWr | eecon1::kWrerr);
+        SetBits(Register(traits.eeifRegister), traits.eeifMask);
+        state.eeWriteBusy = false;
+        state.eeWriteElapsed = 0;
+        if (state.eeWriteAddress < model.eepromBytes) {
+            state.eepromMemory[static_cast<std::size_t>(state.eeWriteAddress)] =
+                static_cast<std::uint8_t>(state.eeWriteData);
+        }
+    }
+};
+
+}  // namespace
+
+void EepromUpdate(Processor& processor) {
+    Eeprom eeprom = {processor.state, *processor.model, models::TraitsOf(processor.model->family),
+                     processor.eepromWriteTime};
+    eeprom.Read();
+    if (!processor.state.eeWriteBusy) {
+        eeprom.WatchUnlock();
+    }
+    if (processor.state.eeWriteBusy) {
+        eeprom.AdvanceWrite();
+    }
+}
+
+bool BeginsUnlock(int word) {
+    return IsMovlw(word, 0x55);
+}
+
+}  // namespace corvane::core

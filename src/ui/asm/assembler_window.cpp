@@ -1,0 +1,204 @@
+#include "ui/asm/assembler_window.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QSplitter>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "asm/line_coloring.h"
+#include "asm/listing.h"
+#include "common/text.h"
+#include "ui/common/qt_text.h"
+#include "ui/common/window_placement.h"
+#include "ui/dialogs/configuration_bits_dialog.h"
+
+namespace corvane::ui {
+
+namespace {
+
+constexpr QSize kLeastTwips(5505, 6045);
+constexpr QSize kInitialTwips(10800, 10200);
+
+// The divider's position is the editor's share of the height.
+constexpr int kWholeHeight = 1000;
+constexpr int kInitialPosition = 640;
+
+constexpr std::string_view kWidth = "Width";
+constexpr std::string_view kHeight = "Height";
+constexpr std::string_view kPosition = "Position";
+
+SourceLanguage AssemblerLanguage() {
+    return {.form = [](std::string_view line) { return std::string(common::TrimRight(line)); },
+            .color =
+                [](std::string_view line) {
+                    std::vector<SyntaxSpan> spans;
+                    for (const assembler::ColoredSpan& span : assembler::ColorLine(line)) {
+                        const bool isKeyword = span.color == assembler::TextColor::Keyword;
+                        spans.push_back(
+                            {span.start, span.length,
+                             isKeyword ? SyntaxColor::Keyword : SyntaxColor::AssemblerComment});
+                    }
+                    return spans;
+                }};
+}
+
+int LineCount(std::string_view text) {
+    return static_cast<int>(std::count(text.begin(), text.end(), '\n'));
+}
+
+}  // namespace
+
+AssemblerWindow::AssemblerWindow(app::Workbench& workbench, const DialogsFactory& makeDialogs)
+    : SourceWindow(app::Window::Assembler, workbench, app::kAssemblerSource, AssemblerLanguage(),
+                   makeDialogs),
+      divider_(new QSplitter(Qt::Vertical)),
+      output_(new OutputPane),
+      progressFrame_(new ProgressFrame(tr("Assembling in progress..."), *this)) {
+    setMinimumSize(kLeastTwips / kTwipsPerPixel);
+    Editor().setAccessibleName(tr("Assembler source"));
+    output_->setObjectName("RichTextBox2");
+    output_->setAccessibleName(tr("Assembler output"));
+    divider_->setObjectName("VScroll1");
+    divider_->setChildrenCollapsible(false);
+    divider_->addWidget(&EditorPane());
+    divider_->addWidget(output_);
+    Layout().addWidget(divider_);
+    MakeMenus();
+    connect(output_, &OutputPane::LinkFollowed, this, &AssemblerWindow::ShowSourceLine);
+}
+
+void AssemblerWindow::MakeMenus() {
+    AddCommand(FileMenu(), "menuprint2", tr("Print Output"), [this] { PrintOutput(); });
+    QMenu& tools = AddMenu("menu2", tr("&Tools"));
+    AddCommand(
+        tools, "menuassemble", tr("&Assemble"), [this] { Assemble(); }, QKeySequence(Qt::Key_F7));
+    tools.addSeparator();
+    nextError_ = AddCommand(
+        tools, "menunexterror", tr("&Next Error"), [this] { output_->FollowNext(); },
+        QKeySequence(Qt::Key_F8));
+    previousError_ = AddCommand(
+        tools, "menupreviouserror", tr("&Previous Error"), [this] { output_->FollowPrevious(); },
+        QKeySequence(Qt::SHIFT | Qt::Key_F8));
+    nextError_->setEnabled(false);
+    previousError_->setEnabled(false);
+    QMenu& options = AddMenu("menu3", tr("&Options"));
+    AddCommand(options, "menuconfig", tr("Configuration Bits"),
+               [this] { EditConfigurationBits(); });
+    QAction* noColors = options.addAction(tr("Turn Off Colors"));
+    noColors->setObjectName("menunocolors");
+    noColors->setCheckable(true);
+    noColors->setChecked(
+        common::ReadSwitchSetting(Workbench().Settings().Store(), app::kTurnOffColors));
+    Editor().SetFormEnabled(!noColors->isChecked());
+    connect(noColors, &QAction::triggered, this, &AssemblerWindow::TurnColorsOff);
+}
+
+void AssemblerWindow::ReadFigures() {
+    const app::AppSettings& settings = Workbench().Settings();
+    const int height = settings.ReadWindowFigure(Number(), kHeight, kInitialTwips.height());
+    const int width = settings.ReadWindowFigure(Number(), kWidth, kInitialTwips.width());
+    const int position = settings.ReadWindowFigure(Number(), kPosition, kInitialPosition);
+    resize(QSize(width, height) / kTwipsPerPixel);
+    const int editorShare = std::clamp(position, 1, kWholeHeight - 1);
+    divider_->setSizes({editorShare, kWholeHeight - editorShare});
+}
+
+void AssemblerWindow::StoreFigures() {
+    const app::AppSettings& settings = Workbench().Settings();
+    const QSize size = (isMaximized() || isFullScreen() ? normalGeometry().size() : this->size());
+    settings.WriteWindowFigure(Number(), kHeight, size.height() * kTwipsPerPixel);
+    settings.WriteWindowFigure(Number(), kWidth, size.width() * kTwipsPerPixel);
+    const QList<int> panes = divider_->sizes();
+    const int whole = std::max(panes[0] + panes[1], 1);
+    settings.WriteWindowFigure(Number(), kPosition, panes[0] * kWholeHeight / whole);
+}
+
+void AssemblerWindow::TextReplaced() {
+    output_->Clear();
+    nextError_->setEnabled(false);
+    previousError_->setEnabled(false);
+}
+
+void AssemblerWindow::TextFormed() {
+    if (common::ReadSwitchSetting(Workbench().Settings().Store(), app::kTurnOffColors)) {
+        return;
+    }
+    Editor().moveCursor(QTextCursor::Start);
+}
+
+void AssemblerWindow::SetBusy(bool busy) {
+    if (busy) {
+        ShowProgress("Loading source file.", 0);
+    }
+    progressFrame_->setVisible(busy);
+    SourceWindow::SetBusy(busy);
+}
+
+void AssemblerWindow::ShowProgress(std::string_view status, int line) {
+    progressFrame_->ShowProgress(status, line);
+}
+
+void AssemblerWindow::Assemble() {
+    if (!IsReady()) {
+        return;
+    }
+    TextReplaced();
+    if (!Save()) {
+        return;
+    }
+    app::AssemblyRun run;
+    RunTranslation([&](const common::ProgressCallback& progress) {
+        run = app::AssembleSource(Workbench(), Dialogs(), File(), TextInFile(), progress);
+    });
+    if (IsClosing()) {
+        return;
+    }
+    ShowOutput(run);
+    app::ReportAssembly(Dialogs(), run);
+}
+
+void AssemblerWindow::ShowOutput(const app::AssemblyRun& run) {
+    std::vector<OutputLink> links;
+    for (const assembler::ListedError& error : assembler::ErrorsInListing(run.assembly)) {
+        links.push_back({error.listingLine, error.sourceLine});
+    }
+    std::string text = run.assembly.listing;
+    int line = LineCount(text);
+    for (const assembler::Warning& warning : run.warnings) {
+        text += "Warning in line " + std::to_string(warning.lineNumber) + ": " + warning.message +
+                "\r\n";
+        links.push_back({++line, warning.lineNumber});
+    }
+    nextError_->setEnabled(!links.empty());
+    previousError_->setEnabled(!links.empty());
+    output_->ShowOutput(QtString(common::WithLf(text)), std::move(links));
+}
+
+void AssemblerWindow::ShowSourceLine(int line) {
+    Editor().GoToLine(line);
+    Editor().setFocus();
+}
+
+void AssemblerWindow::PrintOutput() {
+    if (File().IsReady(output_->document()->isEmpty())) {
+        Print(QString::fromStdString(app::WithExtension(File().Name(), ".lst")), *output_);
+    }
+}
+
+void AssemblerWindow::EditConfigurationBits() {
+    app::Workbench& workbench = Workbench();
+    ConfigurationBitsDialog dialog(workbench.Model().family, workbench.ConfigurationWord(), this);
+    if (dialog.exec() == QDialog::Accepted) {
+        workbench.SetConfigurationWord(dialog.Word());
+    }
+}
+
+void AssemblerWindow::TurnColorsOff(bool off) {
+    common::WriteSwitchSetting(Workbench().Settings().Store(), app::kTurnOffColors, off);
+    Editor().SetFormEnabled(!off);
+    Editor().FormWholeText();
+    TextFormed();
+}
+
+}  // namespace corvane::ui

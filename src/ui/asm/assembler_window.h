@@ -1,0 +1,42 @@
+// The Assembler window: the source above, the listing of the last assembly below.
+#pragma once
+
+#include "app/translate.h"
+#include "ui/asm/output_pane.h"
+#include "ui/common/progress_frame.h"
+#include "ui/editor/source_window.h"
+
+class QSplitter;
+
+namespace corvane::ui {
+
+class AssemblerWindow final : public SourceWindow {
+    Q_OBJECT
+  public:
+    AssemblerWindow(app::Workbench& workbench, const DialogsFactory& makeDialogs);
+
+  protected:
+    void ReadFigures() override;
+    void StoreFigures() override;
+    void TextReplaced() override;
+    void TextFormed() override;
+    void SetBusy(bool busy) override;
+    void ShowProgress(std::string_view status, int line) override;
+
+  private:
+    void MakeMenus();
+    void Assemble();
+    void ShowOutput(const app::AssemblyRun& run);
+    void ShowSourceLine(int line);
+    void PrintOutput();
+    void EditConfigurationBits();
+    void TurnColorsOff(bool off);
+
+    QSplitter* divider_;
+    OutputPane* output_;
+    ProgressFrame* progressFrame_;
+    QAction* nextError_ = nullptr;
+    QAction* previousError_ = nullptr;
+};
+
+}  // namespace corvane::ui

@@ -1,0 +1,38 @@
+// The loaded program as a listing in which breakpoints are set and the program counter is followed.
+#pragma once
+
+#include <array>
+#include <memory>
+
+#include "ui/breakpoints/listing_view.h"
+#include "ui/common/data_label.h"
+#include "ui/common/dialogs_factory.h"
+#include "ui/common/secondary_window.h"
+
+namespace corvane::ui {
+
+class BreakpointsManager final : public SecondaryWindow {
+    Q_OBJECT
+  public:
+    BreakpointsManager(app::Workbench& workbench, const DialogsFactory& makeDialogs);
+    ~BreakpointsManager() override;
+
+  protected:
+    void Draw() override { drawlines(); }
+    void Opened() override;
+
+  private:
+    void drawlines();
+    void ShowSlots();
+    QWidget* MakeSlots();
+    QLayout* MakeListingPane();
+    QLayout* MakeBreakpointPane();
+
+    std::unique_ptr<app::Dialogs> dialogs_;
+    app::Listing listing_;
+    ListingView* listingView_;
+    std::array<DataLabel*, app::kBreakpointSlots> slots_{};
+    QCheckBox* holdPc_;
+};
+
+}  // namespace corvane::ui

@@ -1,0 +1,96 @@
+#include "ui/chipview/analog_panel.h"
+
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QSlider>
+#include <utility>
+
+#include "app/pin_appearance.h"
+#include "ui/common/data_label.h"
+
+namespace corvane::ui {
+
+namespace {
+
+constexpr int kWidestValue = 5;  // "5.00V"
+constexpr int kSliderLength = 130;
+
+DataLabel* MakeValueLabel(const char* name, const QString& meaning) {
+    auto* label = new DataLabel(kWidestValue);
+    label->setObjectName(QLatin1String(name));
+    label->setAlignment(Qt::AlignCenter);
+    label->SetMeaning(meaning);
+    return label;
+}
+
+}  // namespace
+
+AnalogPanel::AnalogPanel(models::ModelFamily family)
+    : family_(family),
+      channelLabel_(MakeValueLabel("labela1", tr("Analog input"))),
+      valueLabel_(MakeValueLabel("labela2", tr("New value of the analog input"))),
+      slider_(new QSlider(Qt::Vertical)) {
+    setObjectName("Frame1");
+    setFrameShape(QFrame::StyledPanel);
+    setAutoFillBackground(true);
+    QSizePolicy policy = sizePolicy();
+    policy.setRetainSizeWhenHidden(true);  // the package is drawn around it
+    setSizePolicy(policy);
+    setAccessibleName(tr("Change analog value"));
+
+    const int fullScale = models::TraitsOf(family).analogFullScale;
+    slider_->setObjectName("VScroll1");
+    slider_->setAccessibleName(tr("Analog value"));
+    slider_->setRange(0, fullScale);
+    slider_->setPageStep(fullScale / 100 * 10);
+    slider_->setMinimumHeight(kSliderLength);
+    connect(slider_, &QSlider::valueChanged, this, &AnalogPanel::ShowValue);
+
+    auto* accept = new QPushButton(tr("Accept"));
+    accept->setObjectName("Command2");
+    connect(accept, &QPushButton::clicked, this, &AnalogPanel::Accept);
+
+    auto* captions = new QVBoxLayout;
+    captions->setSpacing(0);
+    for (const QString& caption : {tr("CHANGE"), tr("ANALOG"), tr("VALUE")}) {
+        captions->addWidget(new QLabel(caption), 0, Qt::AlignHCenter);
+    }
+    auto* grid = new QGridLayout(this);
+    grid->addWidget(slider_, 0, 0, 3, 1);
+    grid->addLayout(captions, 0, 1);
+    grid->addWidget(channelLabel_, 1, 1, Qt::AlignHCenter | Qt::AlignBottom);
+    grid->addWidget(valueLabel_, 2, 1, Qt::AlignHCenter);
+    grid->addWidget(accept, 3, 0, 1, 2);
+    grid->setRowStretch(1, 1);
+    hide();
+}
+
+void AnalogPanel::Open(int channel, int value) {
+    selectedChannel_ = channel + 1;
+    channelLabel_->ShowText("AN" + std::to_string(channel));
+    slider_->setValue(value);
+    ShowValue(value);
+    show();
+    slider_->setFocus();
+}
+
+void AnalogPanel::ShowValue(int value) {
+    valueLabel_->ShowText(app::AnalogValueText(family_, value));
+}
+
+void AnalogPanel::Accept() {
+    hide();
+    emit Accepted(std::exchange(selectedChannel_, 0) - 1, slider_->value());
+}
+
+void AnalogPanel::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        Accept();
+    } else {
+        QFrame::keyPressEvent(event);
+    }
+}
+
+}  // namespace corvane::ui

@@ -1,0 +1,71 @@
+#include "ui/common/bit_cell.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+
+#include "ui/common/data_font.h"
+
+namespace corvane::ui {
+
+namespace {
+
+QString StateInWords(BitState state) {
+    switch (state) {
+        case BitState::Clear:
+            return QStringLiteral("0");
+        case BitState::Set:
+            return QStringLiteral("1");
+        case BitState::Unimplemented:
+            break;
+    }
+    return QStringLiteral("not implemented");
+}
+
+}  // namespace
+
+BitCell::BitCell(QWidget* parent) : QLabel(parent) {
+    const int height = QFontMetrics(DataFont()).height();
+    setFixedSize(height + height / 8, height);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+QColor BitCell::ColourOf(BitState state) {
+    switch (state) {
+        case BitState::Clear:
+            return {255, 255, 255};
+        case BitState::Set:
+            return {255, 128, 128};
+        case BitState::Unimplemented:
+            break;
+    }
+    return {224, 224, 224};
+}
+
+void BitCell::SetMeaning(const QString& meaning) {
+    if (accessibleDescription() != meaning) {
+        setAccessibleDescription(meaning);
+        setToolTip(meaning);
+        Describe();
+    }
+}
+
+void BitCell::ShowState(BitState state) {
+    if (state_ != state) {
+        state_ = state;
+        Describe();
+        update();
+    }
+}
+
+void BitCell::Describe() {
+    const QString& meaning = accessibleDescription();
+    setAccessibleName(meaning.isEmpty() ? meaning : meaning + ": " + StateInWords(state_));
+}
+
+void BitCell::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.fillRect(rect(), palette().color(QPalette::Mid));
+    painter.fillRect(rect().adjusted(1, 1, -1, -1), ColourOf(state_));
+}
+
+}  // namespace corvane::ui

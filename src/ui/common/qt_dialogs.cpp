@@ -1,0 +1,107 @@
+#include "ui/common/qt_dialogs.h"
+
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QStringList>
+
+#include "common/text.h"
+#include "ui/common/qt_text.h"
+#include "ui/dialogs/select_microcontroller_dialog.h"
+
+namespace corvane::ui {
+
+namespace {
+
+const QString kTitle = QStringLiteral("Corvane");
+
+QString QtText(std::string_view text) {
+    return QString::fromStdString(common::WithLf(text));
+}
+
+QMessageBox::StandardButton ShowBox(QWidget* window, std::string_view text,
+                                    std::string_view details,
+                                    QMessageBox::StandardButtons buttons) {
+    QMessageBox box(QMessageBox::NoIcon, kTitle, QtText(text), buttons, window);
+    box.setTextFormat(Qt::PlainText);
+    box.setWindowModality(Qt::WindowModal);
+    if (!details.empty()) {
+        box.setDetailedText(QtText(details));
+    }
+    return static_cast<QMessageBox::StandardButton>(box.exec());
+}
+
+// "Intel HEX files (*.hex)|*.hex|All files (*.*)|*.*" as the toolkit wants it; "*.*" means every
+// file, also one without a point in its name.
+QStringList NameFilters(std::string_view filters) {
+    QStringList result;
+    const QStringList parts = QtString(filters).split(QLatin1Char('|'));
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString description = parts[i].section(QStringLiteral(" ("), 0, 0);
+        const QString pattern =
+            parts[i + 1] == QLatin1String("*.*") ? QStringLiteral("*") : parts[i + 1];
+        result.append(description + " (" + pattern + ")");
+    }
+    return result;
+}
+
+std::optional<std::string> RunFileDialog(QFileDialog& box, const app::FileDialog& dialog) {
+    box.setWindowModality(Qt::WindowModal);
+    box.setWindowTitle(QtString(dialog.title));
+    box.setNameFilters(NameFilters(dialog.filters));
+    box.setDirectory(QString::fromStdString(dialog.folder));
+    if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty()) {
+        return std::nullopt;
+    }
+    return box.selectedFiles().constFirst().toStdString();
+}
+
+}  // namespace
+
+void QtDialogs::Inform(const std::string& text) {
+    ShowBox(window_, text, "", QMessageBox::Ok);
+}
+
+void QtDialogs::InformWithDetails(const std::string& text, const std::string& details) {
+    ShowBox(window_, text, details, QMessageBox::Ok);
+}
+
+bool QtDialogs::Ask(const std::string& question) {
+    return ShowBox(window_, question, "", QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
+std::optional<std::string> QtDialogs::Input(const std::string& prompt,
+                                            const std::string& defaultText) {
+    QInputDialog box(window_);
+    box.setWindowModality(Qt::WindowModal);
+    box.setWindowTitle(kTitle);
+    box.setInputMode(QInputDialog::TextInput);
+    box.setLabelText(QtText(prompt));
+    box.setTextValue(QtText(defaultText));
+    if (box.exec() != QDialog::Accepted) {
+        return std::nullopt;
+    }
+    return box.textValue().toStdString();
+}
+
+std::optional<std::string> QtDialogs::OpenFile(const app::FileDialog& dialog) {
+    QFileDialog box(window_);
+    box.setAcceptMode(QFileDialog::AcceptOpen);
+    box.setFileMode(QFileDialog::ExistingFile);
+    return RunFileDialog(box, dialog);
+}
+
+std::optional<std::string> QtDialogs::SaveFile(const app::FileDialog& dialog) {
+    QFileDialog box(window_);
+    box.setAcceptMode(QFileDialog::AcceptSave);
+    box.setFileMode(QFileDialog::AnyFile);
+    box.setOption(QFileDialog::DontConfirmOverwrite);
+    return RunFileDialog(box, dialog);
+}
+
+std::optional<int> QtDialogs::ChooseModel(int currentModel) {
+    SelectMicrocontrollerDialog box(currentModel, window_);
+    return box.exec() == QDialog::Accepted ? std::optional(box.ChosenModel()) : std::nullopt;
+}
+
+}  // namespace corvane::ui

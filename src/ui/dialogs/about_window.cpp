@@ -1,0 +1,49 @@
+#include "ui/dialogs/about_window.h"
+
+#include <QCoreApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+#include "ui/common/accessible_window.h"
+
+namespace corvane::ui {
+
+AboutWindow::AboutWindow() {
+    setObjectName("AboutWindow");
+    setWindowTitle(tr("About Corvane"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    MakeAccessibleAsWindow(*this);
+
+    auto* name = new QLabel(tr("Corvane"));
+    QFont large = name->font();
+    large.setPointSizeF(large.pointSizeF() * 2);
+    large.setBold(true);
+    name->setFont(large);
+    auto* version = new QLabel(tr("Version %1").arg(QCoreApplication::applicationVersion()));
+    auto* purpose = new QLabel(
+        tr("Development and simulation environment for the microcontrollers PIC16F83, PIC16F84, "
+           "PIC16F627, PIC16F628, PIC16F873, PIC16F874, PIC16F876 and PIC16F877."));
+    purpose->setWordWrap(true);
+    auto* licence = new QLabel(tr("Free software under the MIT License, without any warranty."));
+    licence->setWordWrap(true);
+    auto* close = new QPushButton(tr("Close"));
+    close->setObjectName("Command1");
+    connect(close, &QPushButton::clicked, this, &QWidget::close);
+    const auto* escape = new QShortcut(Qt::Key_Escape, this);
+    connect(escape, &QShortcut::activated, this, &QWidget::close);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(24, 20, 24, 16);
+    layout->setSpacing(10);
+    layout->addWidget(name);
+    layout->addWidget(version);
+    layout->addWidget(purpose);
+    layout->addWidget(licence);
+    layout->addSpacing(8);
+    layout->addWidget(close, 0, Qt::AlignRight);
+    resize(420, sizeHint().height());
+}
+
+}  // namespace corvane::ui

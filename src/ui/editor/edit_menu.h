@@ -1,0 +1,14 @@
+// The Edit menu of a window with a source editor: undo and redo, clipboard, find, go to line.
+#pragma once
+
+#include <QMenu>
+
+#include "app/dialogs.h"
+#include "ui/editor/find_bar.h"
+#include "ui/editor/source_editor.h"
+
+namespace corvane::ui {
+
+QMenu* MakeEditMenu(SourceEditor& editor, FindBar& findBar, app::Dialogs& dialogs, QWidget* parent);
+
+}  // namespace corvane::ui

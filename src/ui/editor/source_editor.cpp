@@ -1,0 +1,281 @@
+#include "ui/editor/source_editor.h"
+
+#include <QAction>
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QTextBlock>
+#include <QUrl>
+#include <algorithm>
+#include <utility>
+
+namespace corvane::ui {
+
+namespace {
+
+bool IsTyping(const QKeyEvent& event) {
+    return !event.text().isEmpty() && event.text().at(0).isPrint() &&
+           (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
+}
+
+// The key of that name, which some keyboards and most keyboard macros have.
+bool IsLinefeed(const QKeyEvent& event) {
+    return event.text() == QLatin1String("\n");
+}
+
+QString LocalFileOf(const QMimeData& data) {
+    const QList<QUrl> urls = data.urls();
+    return urls.size() == 1 ? urls.constFirst().toLocalFile() : QString();
+}
+
+// Makes the line read so. Touches only what differs, so that the caret keeps its place.
+void ReplaceLine(const QTextBlock& line, const QString& text, QTextCursor& writer) {
+    const QString old = line.text();
+    const auto [oldDiffers, textDiffers] =
+        std::mismatch(old.begin(), old.end(), text.begin(), text.end());
+    const auto same = static_cast<int>(oldDiffers - old.begin());
+    const auto [oldEnd, textEnd] =
+        std::mismatch(old.rbegin(), std::make_reverse_iterator(oldDiffers), text.rbegin(),
+                      std::make_reverse_iterator(textDiffers));
+    const auto sameAtEnd = static_cast<int>(oldEnd - old.rbegin());
+    const int start = line.position() + same;
+    writer.setPosition(start);
+    writer.setPosition(line.position() + static_cast<int>(old.size()) - sameAtEnd,
+                       QTextCursor::KeepAnchor);
+    writer.insertText(text.mid(same, text.size() - same - sameAtEnd));
+}
+
+}  // namespace
+
+SourceEditor::SourceEditor(SourceLanguage language, QWidget* parent)
+    : NumberedEditor(parent), language_(std::move(language)), highlighter_(*document(), language_) {
+    highlighter_.SetPalette(palette());
+    connect(this, &QPlainTextEdit::cursorPositionChanged, this, &SourceEditor::FollowCaret);
+    connect(document(), &QTextDocument::contentsChange, this, [this] { hasChanged_ = true; });
+}
+
+void SourceEditor::SetFormEnabled(bool enabled) {
+    formEnabled_ = enabled;
+    SetEditedLine({});
+    highlighter_.SetEnabled(enabled);
+}
+
+void SourceEditor::Load(const QString& text) {
+    SetEditedLine({});
+    isEditing_ = true;
+    setPlainText(formEnabled_ ? FormedText(text, language_) : text);
+    isEditing_ = false;
+}
+
+void SourceEditor::Clear() {
+    SetEditedLine({});
+    clear();
+}
+
+QString SourceEditor::Text() const {
+    // Not toPlainText(), which takes hard blanks for blanks.
+    QString text = document()->toRawText();
+    text.replace(QChar::ParagraphSeparator, QLatin1Char('\n'));
+    return text;
+}
+
+void SourceEditor::FormWholeText() {
+    if (!formEnabled_) {
+        return;
+    }
+    SetEditedLine({});
+    isEditing_ = true;
+    QTextCursor writer = BeginFollowUp();
+    for (QTextBlock line = document()->begin(); line.isValid(); line = line.next()) {
+        FormLine(line, writer);
+    }
+    if (document()->lastBlock().length() > 1 || document()->blockCount() == 1) {
+        const QTextCursor caret = textCursor();
+        const int anchor = caret.anchor();
+        const int position = caret.position();
+        writer.movePosition(QTextCursor::End);
+        writer.insertBlock();
+        Select(anchor, position);  // a caret at the end has been pushed on
+    }
+    writer.endEditBlock();
+    isEditing_ = false;
+}
+
+// What is done to the text from here on is undone together with the last edit.
+QTextCursor SourceEditor::BeginFollowUp() {
+    QTextCursor writer(document());
+    if (document()->isUndoAvailable() && !document()->isRedoAvailable()) {
+        writer.joinPreviousEditBlock();
+    } else {
+        writer.beginEditBlock();
+    }
+    return writer;
+}
+
+void SourceEditor::Select(int anchor, int position) {
+    QTextCursor caret = textCursor();
+    caret.setPosition(anchor);
+    caret.setPosition(position, QTextCursor::KeepAnchor);
+    setTextCursor(caret);
+}
+
+void SourceEditor::FormLine(const QTextBlock& line, QTextCursor& writer) const {
+    const std::string text = line.text().toStdString();
+    const std::string formed = language_.form(text);
+    if (formed != text) {
+        ReplaceLine(line, QString::fromStdString(formed), writer);
+    }
+}
+
+void SourceEditor::SetEditedLine(const QTextCursor& line) {
+    editedLine_ = line;
+    highlighter_.SetEditedLine(line);
+    typedUpTo_ = -1;
+}
+
+void SourceEditor::LeaveEditedLine() {
+    const QTextBlock line = editedLine_.block();
+    const bool wasEditing = std::exchange(isEditing_, true);
+    QTextCursor writer = BeginFollowUp();
+    FormLine(line, writer);
+    writer.endEditBlock();
+    isEditing_ = wasEditing;
+    SetEditedLine({});
+}
+
+void SourceEditor::FollowCaret() {
+    if (!isEditing_ && !editedLine_.isNull() && editedLine_.block() != textCursor().block()) {
+        LeaveEditedLine();
+    }
+}
+
+// Runs an edit as one undo step, or as a part of the last step when it continues its typing, and
+// gives the lines that the caret has left their form.
+void SourceEditor::Edit(const std::function<void()>& edit, bool continuesTyping) {
+    QTextCursor lineBefore = textCursor();
+    lineBefore.setPosition(lineBefore.block().position());
+    hasChanged_ = false;
+    isEditing_ = true;
+    QTextCursor step(document());
+    if (continuesTyping) {
+        step.joinPreviousEditBlock();
+    } else {
+        step.beginEditBlock();
+    }
+    edit();
+    step.endEditBlock();
+    isEditing_ = false;
+    if (!hasChanged_) {
+        FollowCaret();
+        return;
+    }
+    if (formEnabled_) {
+        FormLinesLeftBy(lineBefore);
+    }
+    ensureCursorVisible();
+}
+
+void SourceEditor::FormLinesLeftBy(const QTextCursor& lineBefore) {
+    const QTextBlock caretLine = textCursor().block();
+    FollowCaret();
+    if (lineBefore.block() != caretLine && lineBefore.block().isValid()) {
+        SetEditedLine(lineBefore);
+        LeaveEditedLine();
+    }
+    QTextCursor line(document());
+    line.setPosition(textCursor().block().position());
+    SetEditedLine(line);
+}
+
+void SourceEditor::Undo() {
+    SetEditedLine({});
+    undo();
+}
+
+void SourceEditor::Redo() {
+    SetEditedLine({});
+    redo();
+}
+
+void SourceEditor::Cut() {
+    Edit([this] { cut(); });
+}
+
+void SourceEditor::Paste() {
+    paste();  // comes back in insertFromMimeData
+}
+
+void SourceEditor::keyPressEvent(QKeyEvent* event) {
+    if (isReadOnly()) {
+        NumberedEditor::keyPressEvent(event);
+        return;
+    }
+    if (event->matches(QKeySequence::Undo)) {
+        Undo();
+    } else if (event->matches(QKeySequence::Redo)) {
+        Redo();
+    } else if (event->matches(QKeySequence::Paste)) {
+        Paste();
+    } else if (event->matches(QKeySequence::InsertLineSeparator) || IsLinefeed(*event)) {
+        Edit([this] { textCursor().insertBlock(); });  // there is one kind of line end
+    } else {
+        const bool isTyping = IsTyping(*event);
+        const bool continuesTyping =
+            isTyping && !textCursor().hasSelection() && typedUpTo_ == textCursor().position();
+        Edit([this, event] { NumberedEditor::keyPressEvent(event); }, continuesTyping);
+        typedUpTo_ = isTyping ? textCursor().position() : -1;
+        return;
+    }
+    event->accept();
+}
+
+// An empty clipboard has no formats, and the toolkit does not survive its being pasted.
+bool SourceEditor::canInsertFromMimeData(const QMimeData* source) const {
+    return !source->formats().isEmpty() && NumberedEditor::canInsertFromMimeData(source);
+}
+
+void SourceEditor::insertFromMimeData(const QMimeData* source) {
+    if (source->formats().isEmpty() || !source->hasText()) {
+        return;
+    }
+    const QString file = isDropping_ ? LocalFileOf(*source) : QString();
+    if (!file.isEmpty()) {
+        // The text cannot be replaced while something is being dropped on it.
+        QMetaObject::invokeMethod(this, "FileDropped", Qt::QueuedConnection, Q_ARG(QString, file));
+        return;
+    }
+    Edit([this, source] {
+        QString text = source->text();
+        text.replace(QChar::LineSeparator, QLatin1Char('\n'));
+        textCursor().insertText(text);
+    });
+    FormWholeText();
+    ensureCursorVisible();
+    emit Pasted();
+}
+
+void SourceEditor::contextMenuEvent(QContextMenuEvent* event) {
+    if (isReadOnly()) {
+        return;
+    }
+    QMenu menu(this);
+    menu.addActions(contextActions_);
+    menu.exec(event->globalPos());
+}
+
+void SourceEditor::dropEvent(QDropEvent* event) {
+    isDropping_ = true;
+    NumberedEditor::dropEvent(event);
+    isDropping_ = false;
+}
+
+void SourceEditor::changeEvent(QEvent* event) {
+    NumberedEditor::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        highlighter_.SetPalette(palette());
+    }
+}
+
+}  // namespace corvane::ui

@@ -1,0 +1,93 @@
+// What the windows in which a person writes a source have in common: editor, File and Edit menu,
+// the file behind the text, and the state while a translation runs.
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "app/source_file.h"
+#include "common/progress.h"
+#include "ui/common/dialogs_factory.h"
+#include "ui/common/secondary_window.h"
+#include "ui/editor/find_bar.h"
+#include "ui/editor/source_editor.h"
+#include "ui/editor/text_encoding.h"
+#include "ui/printing/printing.h"
+
+class QMenu;
+class QMenuBar;
+class QVBoxLayout;
+
+namespace corvane::ui {
+
+class SourceWindow : public SecondaryWindow {
+    Q_OBJECT
+  public:
+    SourceWindow(app::Window number, app::Workbench& workbench, const app::FileKind& kind,
+                 SourceLanguage language, const DialogsFactory& makeDialogs);
+    ~SourceWindow() override;
+
+    // The toolkit's printer dialog, unless another chooser is set.
+    void SetPrinterChooser(PrinterChooser choosePrinter);
+
+    void OpenFile(const QString& path);
+
+  protected:
+    SourceEditor& Editor() const { return *editor_; }
+    QWidget& EditorPane() const { return *editorPane_; }  // the editor with its find bar
+    app::SourceFile& File() { return file_; }
+    app::Dialogs& Dialogs() const { return *dialogs_; }
+    QMenu& FileMenu() const { return *fileMenu_; }
+    QMenu& AddMenu(const char* name, const QString& caption);
+    QAction* AddCommand(QMenu& menu, const char* name, const QString& caption,
+                        const std::function<void()>& command,
+                        const QKeySequence& shortcut = QKeySequence());
+    QVBoxLayout& Layout() const { return *layout_; }
+
+    // "Please save the file first.", "The editor is empty."; false after a message.
+    bool IsReady() { return file_.IsReady(editor_->IsEmpty()); }
+    bool Save();
+    std::string TextInFile() const;  // the text as it is saved
+    void Print(const QString& title, const QPlainTextEdit& pane);
+
+    // Runs a translation with the menus disabled and the text read-only. The window stays alive:
+    // pending events are let in now and then, and a close waits until the translation is done.
+    void RunTranslation(const std::function<void(const common::ProgressCallback&)>& translate);
+    // The person has asked meanwhile to close the window.
+    bool IsClosing() const { return isClosing_; }
+
+    // The text was replaced by another file's, or emptied.
+    virtual void TextReplaced() {}
+    // The whole text has been brought into form.
+    virtual void TextFormed() {}
+    // A translation begins or has ended, or has come so far.
+    virtual void SetBusy(bool busy);
+    virtual void ShowProgress(std::string_view /*status*/, int /*line*/) {}
+
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void Draw() override {}
+    void MakeFileMenu();
+    void New();
+    void OpenFromDialog();
+    void SaveAs();
+    void ShowFile(const std::optional<std::string>& bytes);
+    void ShowCaption();
+    app::TextToSave FormedText();
+
+    std::unique_ptr<app::Dialogs> dialogs_;
+    app::SourceFile file_;
+    TextEncoding encoding_ = TextEncoding::Utf8;
+    PrinterChooser choosePrinter_;
+    QVBoxLayout* layout_;
+    QMenuBar* menuBar_;
+    QMenu* fileMenu_ = nullptr;
+    QWidget* editorPane_;
+    SourceEditor* editor_;
+    FindBar* findBar_;
+    bool isBusy_ = false;
+    bool isClosing_ = false;
+};
+
+}  // namespace corvane::ui

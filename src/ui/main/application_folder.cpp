@@ -1,0 +1,18 @@
+#include "ui/main/application_folder.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+namespace corvane::ui {
+
+std::string ApplicationFolder() {
+    const QDir executables(QCoreApplication::applicationDirPath());
+    const bool holdsModels =
+        !executables.entryList({QStringLiteral("pic16*.cfg")}, QDir::Files).isEmpty();
+    const QString folder =
+        holdsModels ? executables.path()
+                    : QDir::cleanPath(executables.filePath(CORVANE_MODELS_FROM_EXECUTABLE));
+    return folder.toStdString() + "/";
+}
+
+}  // namespace corvane::ui

@@ -1,0 +1,76 @@
+// The desktop application: the workbench, the main window in front of it, and the windows that are
+// opened from there.
+#pragma once
+
+#include <QPointer>
+#include <QTimer>
+#include <map>
+#include <memory>
+#include <optional>
+
+#include "app/workbench.h"
+#include "ui/common/dialogs_factory.h"
+#include "ui/common/refresh_when_visible.h"
+#include "ui/common/secondary_window.h"
+#include "ui/main/main_menu.h"
+#include "ui/main/main_window.h"
+
+namespace corvane::ui {
+
+// The windows that show a text and keep no position.
+enum class TextWindow : std::uint8_t { GettingStarted, HelpTopics, BasicHelpTopics, About };
+
+class Desktop final : private app::Views {
+  public:
+    Desktop(std::string applicationFolder, common::SettingsStore& store, app::Clock& clock,
+            DialogsFactory makeDialogs);
+    ~Desktop() override;
+    Desktop(const Desktop&) = delete;
+    Desktop& operator=(const Desktop&) = delete;
+
+    // Makes the stored model current, or the given one. False: the application must end.
+    [[nodiscard]] bool StartUp(std::optional<int> modelRow = std::nullopt);
+    void Show();
+
+    app::Workbench& Workbench() { return workbench_; }
+    MainWindow& Main() { return mainWindow_; }
+    SecondaryWindow* Find(app::Window window) const;  // null when it is not open
+
+    // Loads a program; opens an assembler or BASIC source in its window. The extension tells.
+    void OpenFile(const QString& path);
+
+    void SelectMicrocontroller();
+    void OpenText(TextWindow text);
+    void Quit();
+
+  private:
+    void memorijaprint() override { Refresh(app::Window::ProgramMemoryViewer); }
+    void eepromprint() override { Refresh(app::Window::EepromMemoryViewer); }
+    void stekprint() override { Refresh(app::Window::HardwareStackViewer); }
+    void drawlines() override { Refresh(app::Window::BreakpointsManager); }
+    void refreshpic() override;
+    void ekran() override { mainRefresh_.Request(); }
+    void ModelChanged() override;
+    void ProgramChanged() override;
+    void CommandsChanged() override;
+    void ShowWindow(app::Window window) override;
+    void CloseWindow(app::Window window) override;
+    void SetTopmost(app::Window window, bool topmost) override;
+    void ScheduleSlice(std::chrono::nanoseconds delay) override;
+
+    void Refresh(app::Window window) const;
+    void OpenSource(app::Window window, const QString& path);
+    void End(int exitCode);
+
+    DialogsFactory makeDialogs_;
+    MainWindow mainWindow_;
+    std::unique_ptr<app::Dialogs> dialogs_;
+    QTimer sliceTimer_;
+    app::Workbench workbench_;
+    MainMenu menu_;
+    RefreshWhenVisible& mainRefresh_;  // owned by the main window
+    std::map<app::Window, QPointer<SecondaryWindow>> windows_;
+    std::map<TextWindow, QPointer<QWidget>> textWindows_;
+};
+
+}  // namespace corvane::ui

@@ -1,0 +1,35 @@
+// Which values the last step has changed, so that the tables can set them off.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "core/processor_state.h"
+
+namespace corvane::ui {
+
+class LastStep {
+  public:
+    // To be called once for each redraw. Changes count only when it comes exactly one step after
+    // the one before.
+    void Observe(const core::ProcessorState& state);
+
+    bool HasChangedW() const { return isOneStep_ && before_.w != now_.w; }
+    // A data-memory address, or models::kPrescalerAddress.
+    bool HasChanged(int address) const;
+
+  private:
+    struct Values {
+        std::array<std::uint8_t, models::kDataMemorySize> dataMemory{};
+        int w = 0;
+        int prescalerCount = 0;
+        std::int64_t clockCycles = 0;
+        std::int64_t instructionCount = 0;
+    };
+
+    Values before_;
+    Values now_;
+    bool isOneStep_ = false;
+};
+
+}  // namespace corvane::ui

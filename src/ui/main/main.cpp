@@ -1,0 +1,116 @@
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QFileInfo>
+#include <QIcon>
+#include <QTimer>
+#include <algorithm>
+#include <clocale>
+#include <cstdio>
+#include <memory>
+#include <string_view>
+
+#include "models/catalogue.h"
+#include "ui/common/ini_settings_store.h"
+#include "ui/common/qt_dialogs.h"
+#include "ui/main/application_folder.h"
+#include "ui/main/desktop.h"
+#include "ui/main/instance_lock.h"
+
+namespace {
+
+constexpr int kUsageError = 2;
+
+struct Options {
+    std::optional<int> modelRow;
+    QStringList files;  // absolute paths
+    bool isValid = true;
+};
+
+// --help and --version must answer where there is no display.
+bool AsksForText(int argc, char** argv) {
+    return std::any_of(argv + 1, argv + argc, [](std::string_view argument) {
+        return argument == "--help" || argument == "-h" || argument == "--help-all" ||
+               argument == "--version" || argument == "-v";
+    });
+}
+
+std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char** argv) {
+    if (AsksForText(argc, argv)) {
+        return std::make_unique<QCoreApplication>(argc, argv);
+    }
+    return std::make_unique<QApplication>(argc, argv);
+}
+
+Options ParseOptions() {
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QCoreApplication::tr("Development and simulation environment for PIC16 microcontrollers"));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    const QCommandLineOption model(
+        "model", QCoreApplication::tr("Start with this microcontroller, such as PIC16F628."),
+        "NAME");
+    parser.addOption(model);
+    parser.addPositionalArgument(
+        "FILE", QCoreApplication::tr("A .hex file to load, or an .asm or .bas file to open."),
+        "[FILE...]");
+    parser.process(*QCoreApplication::instance());
+
+    Options options;
+    for (const QString& file : parser.positionalArguments()) {
+        options.files += QFileInfo(file).absoluteFilePath();
+    }
+    if (parser.isSet(model)) {
+        const std::string name = parser.value(model).toStdString();
+        options.modelRow = corvane::models::FindModel(name);
+        options.isValid = options.modelRow.has_value();
+        if (!options.isValid) {
+            std::fprintf(stderr, "corvane: there is no model %s\n", name.c_str());
+        }
+    }
+    return options;
+}
+
+QIcon ApplicationIcon() {
+    QIcon icon;
+    for (const int size : {32, 64, 128}) {
+        icon.addFile(QStringLiteral(":/icons/corvane-%1.png").arg(size));
+    }
+    return icon;
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+    const std::unique_ptr<QCoreApplication> application = MakeApplication(argc, argv);
+    std::setlocale(LC_NUMERIC, "C");  // the toolkit has switched to the user's
+    QCoreApplication::setApplicationName("Corvane");
+    QCoreApplication::setApplicationVersion(CORVANE_VERSION);
+    QGuiApplication::setDesktopFileName("org.corvane.Corvane");
+
+    const Options options = ParseOptions();
+    if (!options.isValid) {
+        return kUsageError;
+    }
+    const corvane::ui::InstanceLock lock;
+    if (lock.IsHeldByAnother()) {
+        return EXIT_SUCCESS;
+    }
+    corvane::ui::IniSettingsStore store(corvane::ui::IniSettingsStore::UserPath());
+    corvane::app::SystemClock clock;
+    corvane::ui::Desktop desktop(
+        corvane::ui::ApplicationFolder(), store, clock,
+        [](QWidget& window) { return std::make_unique<corvane::ui::QtDialogs>(window); });
+    if (!desktop.StartUp(options.modelRow)) {
+        return EXIT_FAILURE;
+    }
+    QApplication::setWindowIcon(ApplicationIcon());
+    desktop.Show();
+    // A message about a file comes when the window is there.
+    QTimer::singleShot(0, &desktop.Main(), [&] {
+        for (const QString& file : options.files) {
+            desktop.OpenFile(file);
+        }
+    });
+    return QCoreApplication::exec();
+}

@@ -1,0 +1,128 @@
+#include "ui/main/main_window.h"
+
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QMimeData>
+#include <QPushButton>
+#include <QShortcut>
+#include <QUrl>
+#include <QVBoxLayout>
+#include <array>
+
+namespace corvane::ui {
+
+namespace {
+
+QString DroppedFile(const QMimeData& data) {
+    return data.urls().size() == 1 ? data.urls().constFirst().toLocalFile() : QString();
+}
+
+// Takes the keyboard focus from the scroll bars.
+QPushButton* NewFocusTaker() {
+    auto* button = new QPushButton;
+    button->setObjectName("Command1");
+    button->setAccessibleName(QObject::tr("Register tables"));
+    button->setAccessibleDescription(
+        QObject::tr("Page Up and Page Down scroll the general purpose registers, with Shift the "
+                    "special function registers"));
+    button->setToolTip(button->accessibleDescription());
+    button->setFlat(true);
+    button->setFixedSize(10, 10);
+    return button;
+}
+
+}  // namespace
+
+MainWindow::MainWindow()
+    : focusTaker_(NewFocusTaker()),
+      processorPanel_(new ProcessorPanel),
+      lastInstruction_(new LastInstructionPanel),
+      gprs_(new GprTable),
+      sfrs_(new SfrTable),
+      runPanel_(new RunPanel(focusTaker_)) {
+    setObjectName("MainWindow");
+    setWindowTitle("Corvane");
+    setAcceptDrops(true);
+
+    gprs_->SetFocusTaker(focusTaker_);
+    sfrs_->SetFocusTaker(focusTaker_);
+    connect(gprs_, &RegisterTable::Scrolled, this, &MainWindow::GprsScrolled);
+    connect(sfrs_, &RegisterTable::Scrolled, this, &MainWindow::SfrsScrolled);
+    AddScrollKeys();
+
+    auto* top = new QHBoxLayout;
+    top->addWidget(processorPanel_, 1);
+    top->addWidget(lastInstruction_);
+    auto* tables = new QHBoxLayout;
+    tables->addWidget(gprs_, 1);
+    tables->addWidget(sfrs_, 2);
+    setCentralWidget(new QWidget);
+    auto* layout = new QVBoxLayout(centralWidget());
+    layout->addLayout(top);
+    layout->addLayout(tables, 1);
+    layout->addWidget(runPanel_);
+}
+
+void MainWindow::AddScrollKeys() {
+    struct Key {
+        QKeySequence keys;
+        QScrollBar* bar;
+        QAbstractSlider::SliderAction action;
+    };
+    const std::array keys = {
+        Key{Qt::Key_PageUp, gprs_->ScrollBar(), QAbstractSlider::SliderPageStepSub},
+        Key{Qt::Key_PageDown, gprs_->ScrollBar(), QAbstractSlider::SliderPageStepAdd},
+        Key{Qt::SHIFT | Qt::Key_PageUp, sfrs_->ScrollBar(), QAbstractSlider::SliderPageStepSub},
+        Key{Qt::SHIFT | Qt::Key_PageDown, sfrs_->ScrollBar(), QAbstractSlider::SliderPageStepAdd},
+    };
+    for (const Key& key : keys) {
+        const auto* shortcut = new QShortcut(key.keys, this);
+        connect(shortcut, &QShortcut::activated, key.bar,
+                [bar = key.bar, action = key.action] { bar->triggerAction(action); });
+    }
+}
+
+void MainWindow::ekran(const core::Processor& processor) {
+    lastStep_.Observe(processor.state);
+    lastInstruction_->Show(processor.state);
+    runPanel_->Show(processor.state);
+    processorPanel_->Show(processor.state, lastStep_.HasChangedW());
+    gprprint(processor);
+    sfrprint(processor);
+}
+
+void MainWindow::gprprint(const core::Processor& processor) {
+    gprs_->gprprint(processor, lastStep_);
+}
+
+void MainWindow::sfrprint(const core::Processor& processor) {
+    sfrs_->sfrprint(processor, lastStep_);
+}
+
+void MainWindow::ShowModel(const core::Processor& processor) {
+    runPanel_->ShowModel(*processor.model);
+    gprs_->SetListSize(processor.description.gprList.size());
+    sfrs_->SetListSize(processor.description.sfrList.size());
+}
+
+void MainWindow::ShowProgram(const std::string& path) {
+    runPanel_->ShowProgram(path);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    emit CloseRequested();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (!DroppedFile(*event->mimeData()).isEmpty()) {
+        event->acceptProposedAction();
+    }
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    event->acceptProposedAction();
+    emit FileDropped(DroppedFile(*event->mimeData()));
+}
+
+}  // namespace corvane::ui

@@ -1,0 +1,27 @@
+// "Program Counter and W Register": both in hexadecimal and bit by bit.
+#pragma once
+
+#include <QGroupBox>
+#include <vector>
+
+#include "core/processor_state.h"
+#include "ui/common/bit_cell.h"
+#include "ui/common/data_label.h"
+
+namespace corvane::ui {
+
+class ProcessorPanel : public QGroupBox {
+    Q_OBJECT
+  public:
+    explicit ProcessorPanel(QWidget* parent = nullptr);
+
+    void Show(const core::ProcessorState& state, bool hasChangedW);
+
+  private:
+    DataLabel* pc_;
+    std::vector<BitCell*> pcBits_;  // bit 0 first
+    DataLabel* w_;
+    std::vector<BitCell*> wBits_;
+};
+
+}  // namespace corvane::ui

@@ -1,0 +1,35 @@
+// "Special Function Registers (SFRs)": sixteen rows with their bits.
+#pragma once
+
+#include <array>
+#include <vector>
+
+#include "core/processor.h"
+#include "ui/common/bit_cell.h"
+#include "ui/common/data_label.h"
+#include "ui/main/last_step.h"
+#include "ui/main/register_table.h"
+
+namespace corvane::ui {
+
+class SfrTable : public RegisterTable {
+    Q_OBJECT
+  public:
+    SfrTable();
+
+    void sfrprint(const core::Processor& processor, const LastStep& lastStep);
+
+  private:
+    struct Row {
+        DataLabel* name;
+        DataLabel* value;
+        std::array<BitCell*, 8> bits;  // bit 0 first
+    };
+    static void ShowEntry(const Row& row, const models::Sfr& sfr, const core::Processor& processor,
+                          const LastStep& lastStep);
+    static void ShowNothing(const Row& row);
+
+    std::vector<Row> rows_;
+};
+
+}  // namespace corvane::ui

@@ -1,0 +1,56 @@
+#include "ui/viewers/eeprom_memory_viewer.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+
+#include "app/memory_texts.h"
+#include "ui/common/data_font.h"
+
+namespace corvane::ui {
+
+namespace {
+
+constexpr int kBytesPerRow = 16;
+
+}  // namespace
+
+EepromMemoryViewer::EepromMemoryViewer(app::Workbench& workbench)
+    : SecondaryWindow(app::Window::EepromMemoryViewer, workbench),
+      text_(new MemoryText(kBytesPerRow * 3, workbench.Model().eepromBytes / kBytesPerRow)) {
+    setObjectName("EepromMemoryViewer");
+    setWindowTitle(tr("EEPROM Memory Viewer"));
+    const int bytes = workbench.Model().eepromBytes;
+    auto* rowHeading = new MemoryText(3, bytes / kBytesPerRow);
+    rowHeading->setObjectName("Text2");
+    rowHeading->setAccessibleName(tr("Addresses"));
+    rowHeading->ShowText(app::EepromRowHeading(bytes));
+    rowHeading->setFrameStyle(QFrame::NoFrame);
+    rowHeading->viewport()->setAutoFillBackground(false);
+    auto* columnHeading =
+        new QLabel(QStringLiteral(" F  E  D  C  B  A  9  8  7  6  5  4  3  2  1  0"));
+    columnHeading->setFont(DataFont());
+    columnHeading->setObjectName("Text3");
+    columnHeading->setContentsMargins(text_->frameWidth() + 4, 0, 0, 0);
+    text_->setObjectName("Text1");
+    text_->setAccessibleName(tr("Data EEPROM"));
+
+    auto* grid = new QGridLayout;
+    grid->addWidget(columnHeading, 0, 1);
+    grid->addWidget(rowHeading, 1, 0);
+    grid->addWidget(text_, 1, 1);
+    auto* layout = new QVBoxLayout(this);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    layout->addLayout(grid);
+    AddFooter(*layout);
+    text_->setFocusProxy(CloseButton());
+    rowHeading->setFocusProxy(CloseButton());
+    CloseButton()->setFocus();
+}
+
+void EepromMemoryViewer::eepromprint() {
+    text_->ShowText(
+        app::EepromText(Workbench().Processor().state, Workbench().Model().eepromBytes));
+}
+
+}  // namespace corvane::ui

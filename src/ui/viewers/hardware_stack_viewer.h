@@ -1,0 +1,25 @@
+// The eight levels of the hardware stack.
+#pragma once
+
+#include "ui/common/data_label.h"
+#include "ui/common/secondary_window.h"
+#include "ui/viewers/memory_text.h"
+
+namespace corvane::ui {
+
+class HardwareStackViewer final : public SecondaryWindow {
+    Q_OBJECT
+  public:
+    explicit HardwareStackViewer(app::Workbench& workbench);
+
+  protected:
+    void Draw() override { stekprint(); }
+
+  private:
+    void stekprint();
+
+    DataLabel* stackPointer_;
+    MemoryText* text_;
+};
+
+}  // namespace corvane::ui

@@ -1,0 +1,51 @@
+// Each *.asm of this folder gives the .lst and the .hex beside it, byte for byte.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "asm/assembler.h"
+#include "asm/test_symbols.h"
+#include "common/text_file.h"
+
+namespace corvane::assembler {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::vector<std::string> SourceNames() {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(CORVANE_SOURCE_DIR "/tests/asm")) {
+        if (entry.path().extension() == ".asm") {
+            names.push_back(entry.path().stem().string());
+        }
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::string Read(const std::string& name, std::string_view extension) {
+    const fs::path path = fs::path(CORVANE_SOURCE_DIR "/tests/asm") / name += extension;
+    const auto text = common::ReadTextFile(path);
+    EXPECT_TRUE(text) << path << ": " << text.error;
+    return text ? *text : std::string();
+}
+
+class AsmFile : public testing::TestWithParam<std::string> {};
+
+// GoogleTest shows unequal texts of several lines as a difference line by line.
+TEST_P(AsmFile, GivesTheExpectedListingAndHex) {
+    const Assembly assembly =
+        Assemble(Read(GetParam(), ".asm"), TestSymbols(), kTestConfigurationWord);
+    EXPECT_EQ(Read(GetParam(), ".lst"), assembly.listing);
+    EXPECT_EQ(Read(GetParam(), ".hex"), assembly.hex);
+}
+
+INSTANTIATE_TEST_SUITE_P(Folder, AsmFile, testing::ValuesIn(SourceNames()),
+                         [](const auto& file) { return file.param; });
+
+}  // namespace
+}  // namespace corvane::assembler

@@ -1,0 +1,3 @@
+; Nothing but zeros: no data record.
+    NOP
+    DW 0

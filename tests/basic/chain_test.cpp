@@ -1,0 +1,390 @@
+// Compiled, assembled and simulated programs leave in their variables what plain C++ computes.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "basic/chip.h"
+
+namespace corvane::basic {
+namespace {
+
+// A program, which is in small letters, with texts in place of its capital letters.
+std::string With(std::string_view program, const std::map<char, std::string>& texts) {
+    std::string result;
+    for (const char c : program) {
+        const auto found = texts.find(c);
+        result += found == texts.end() ? std::string(1, c) : found->second;
+    }
+    return result;
+}
+
+struct Pair {
+    int a;
+    int b;
+};
+
+std::vector<Pair> PairsOf(const std::vector<int>& values) {
+    std::vector<Pair> pairs;
+    for (const int a : values) {
+        for (const int b : values) {
+            pairs.push_back({a, b});
+        }
+    }
+    return pairs;
+}
+
+std::vector<Pair> LimitPairs(bool isWord) {
+    return isWord ? PairsOf({0, 1, 7, 255, 256, 1000, 32767, 32768, 65279, 65280, 65535})
+                  : PairsOf({0, 1, 2, 7, 100, 127, 128, 200, 254, 255});
+}
+
+// Division by 0 gives all ones and leaves the dividend as the remainder.
+int Computed(const std::string& operation, Pair pair, int mask) {
+    const auto a = static_cast<unsigned>(pair.a);
+    const auto b = static_cast<unsigned>(pair.b);
+    unsigned result = 0;
+    if (operation == "+") {
+        result = a + b;
+    } else if (operation == "-") {
+        result = a - b;
+    } else if (operation == "*") {
+        result = a * b;
+    } else if (operation == "/") {
+        result = b == 0 ? 0xFFFF : a / b;
+    } else {
+        result = b == 0 ? a : a % b;
+    }
+    return static_cast<int>(result & static_cast<unsigned>(mask));
+}
+
+bool Compared(const std::string& operation, Pair pair) {
+    const auto [a, b] = pair;
+    return operation == "="    ? a == b
+           : operation == "<>" ? a != b
+           : operation == ">"  ? a > b
+           : operation == "<"  ? a < b
+           : operation == ">=" ? a >= b
+                               : a <= b;
+}
+
+const std::array<std::string, 5> kOperations = {"+", "-", "*", "/", "Mod"};
+const std::array<std::string, 6> kComparisons = {"=", "<>", ">", "<", ">=", "<="};
+
+class Widths : public testing::TestWithParam<std::string> {
+  protected:
+    bool IsWord() const { return GetParam() == "Word"; }
+    int Mask() const { return IsWord() ? 0xFFFF : 0xFF; }
+};
+
+INSTANTIATE_TEST_SUITE_P(Types, Widths, testing::Values("Byte", "Word"),
+                         [](const auto& type) { return type.param; });
+
+TEST_P(Widths, ArithmeticAtTheLimits) {
+    for (const std::string& operation : kOperations) {
+        Chip chip("PIC16F84", With("dim a as T\ndim b as T\ndim x as T\nx=a O b\na=a O b\n",
+                                   {{'T', GetParam()}, {'O', operation}}));
+        for (const Pair pair : LimitPairs(IsWord())) {
+            chip.Restart();
+            chip.SetValue("a", pair.a);
+            chip.SetValue("b", pair.b);
+            chip.RunToEnd();
+            const int expected = Computed(operation, pair, Mask());
+            EXPECT_EQ(expected, chip.Value("x")) << pair.a << operation << pair.b;
+            EXPECT_EQ(expected, chip.Value("a")) << pair.a << operation << pair.b << " in place";
+            EXPECT_EQ(pair.b, chip.Value("b"));
+        }
+    }
+}
+
+TEST_P(Widths, ArithmeticWithConstants) {
+    for (const Pair pair : LimitPairs(IsWord())) {
+        const std::string a = std::to_string(pair.a);
+        const std::string b = std::to_string(pair.b);
+        std::string text = With("dim a as T\ndim b as T\n", {{'T', GetParam()}});
+        for (std::size_t i = 0; i < kOperations.size(); ++i) {
+            text +=
+                With("dim pI as T\ndim qI as T\npI=a O B\nqI=A O b\n", {{'I', std::to_string(i)},
+                                                                        {'T', GetParam()},
+                                                                        {'O', kOperations.at(i)},
+                                                                        {'A', a},
+                                                                        {'B', b}});
+        }
+        Chip chip("PIC16F877", text);
+        chip.SetValue("a", pair.a);
+        chip.SetValue("b", pair.b);
+        chip.RunToEnd();
+        for (std::size_t i = 0; i < kOperations.size(); ++i) {
+            const int expected = Computed(kOperations[i], pair, Mask());
+            EXPECT_EQ(expected, chip.Value("p" + std::to_string(i))) << kOperations[i] << b;
+            EXPECT_EQ(expected, chip.Value("q" + std::to_string(i))) << a << kOperations[i];
+        }
+    }
+}
+
+TEST_P(Widths, ComparisonsInIfAndWhile) {
+    for (const Pair pair : LimitPairs(IsWord())) {
+        std::string text = With("dim a as T\ndim b as T\ndim n as byte\n", {{'T', GetParam()}});
+        int expected = 0;
+        for (const std::string& comparison : kComparisons) {
+            expected += Compared(comparison, pair) ? 4 : 0;
+            text += With(
+                "if a O b then\nn=n+1\nend if\n"
+                "if a O B then\nn=n+1\nend if\n"
+                "if A O b then\nn=n+1\nend if\n"
+                "while a O b\nn=n+1\ngoto afterL\nwend\nafterL:\n",
+                {{'O', comparison},
+                 {'A', std::to_string(pair.a)},
+                 {'B', std::to_string(pair.b)},
+                 {'L', std::to_string(text.size())}});
+        }
+        Chip chip("PIC16F877", text);
+        chip.SetValue("a", pair.a);
+        chip.SetValue("b", pair.b);
+        chip.RunToEnd();
+        EXPECT_EQ(expected, chip.Value("n")) << pair.a << " and " << pair.b;
+    }
+}
+
+TEST(Bits, LogicNegationAndComparison) {
+    const std::string text =
+        "dim a as bit\ndim b as bit\ndim n as byte\n"
+        "n.0 = a and b\nn.1 = a or b\nn.2 = a xor b\nn.3 = a nand b\nn.4 = a nor b\n"
+        "n.5 = a nxor b\nn.6 = not a\nif a = b then\nn.7 = true\nelse\nn.7 = false\nend if\n"
+        "dim m as byte\nm = 0\nif a <> b then\nm.0 = b\nm.1 = 1\nend if\n"
+        "if not a then\nm.2 = 1\nend if\nif a then\nm.3 = 1\nend if\n";
+    for (int bits = 0; bits < 4; ++bits) {
+        const int a = bits & 1;
+        const int b = bits >> 1;
+        Chip chip("PIC16F84", "dim unused as bit\n" + text);
+        chip.SetValue("a", a);
+        chip.SetValue("b", b);
+        chip.RunToEnd();
+        const int expected = (a & b) | (a | b) << 1 | (a ^ b) << 2 | (1 - (a & b)) << 3 |
+                             (1 - (a | b)) << 4 | (1 - (a ^ b)) << 5 | (1 - a) << 6 |
+                             (1 - (a ^ b)) << 7;
+        EXPECT_EQ(expected, chip.Value("n")) << a << b;
+        EXPECT_EQ((a != b ? b | 2 : 0) | (a == 0 ? 4 : 8), chip.Value("m")) << a << b;
+    }
+}
+
+struct Loop {
+    int first;
+    int last;
+    int step;  // negative to count down
+};
+
+std::string HeadOf(const std::string& name, const Loop& loop) {
+    return "for " + name + "=" + std::to_string(loop.first) + " to " + std::to_string(loop.last) +
+           " step " + std::to_string(loop.step) + "\n";
+}
+
+// A loop ends where the variable passes the last value or would leave its range.
+int Passes(const Loop& loop, int largest) {
+    int passes = 0;
+    for (int i = loop.first; loop.step < 0 ? i >= loop.last : i <= loop.last; i += loop.step) {
+        ++passes;
+        if (i + loop.step < 0 || i + loop.step > largest) {
+            break;
+        }
+    }
+    return passes;
+}
+
+TEST_P(Widths, NestedLoopsUpAndDown) {
+    std::vector<Loop> loops = {{1, 10, 1}, {10, 0, -1},  {5, 4, 1},      {4, 5, -1},    {7, 7, 1},
+                               {7, 7, -1}, {0, 255, 50}, {255, 250, -2}, {250, 255, 3}, {9, 0, -4}};
+    if (IsWord()) {
+        loops.insert(loops.end(), {{250, 520, 9},
+                                   {520, 250, -9},
+                                   {65000, 65535, 100},
+                                   {600, 0, -256},
+                                   {65535, 0, -65535},
+                                   {0, 65535, 65535},
+                                   {0, 65535, 4096}});
+    }
+    for (const Loop& outer : loops) {
+        for (const Loop& inner : loops) {
+            Chip chip(
+                "PIC16F84",
+                With("dim i as T\ndim j as T\ndim n as word\nn=0\n"
+                     "IJn=n+1\nnext j\nnext i\n",
+                     {{'T', GetParam()}, {'I', HeadOf("i", outer)}, {'J', HeadOf("j", inner)}}));
+            chip.RunToEnd();
+            EXPECT_EQ(Passes(outer, Mask()) * Passes(inner, Mask()), chip.Value("n"))
+                << HeadOf("i", outer) << HeadOf("j", inner);
+        }
+    }
+}
+
+TEST(SquareRoot, AroundAllSquares) {
+    Chip chip("PIC16F84", "dim w as word\ndim x as byte\ndim v as word\nx=sqr(w)\nv=sqr(w)\n");
+    const auto check = [&chip](int argument, int root) {
+        chip.Restart();
+        chip.SetValue("w", argument);
+        chip.RunToEnd();
+        EXPECT_EQ(root, chip.Value("x")) << argument;
+        EXPECT_EQ(root, chip.Value("v")) << argument;
+    };
+    check(65535, 255);
+    for (int root = 0; root < 256; ++root) {
+        check(root * root, root);
+        check(root * root + 1, root == 0 ? 1 : root);
+        if (root > 0) {
+            check(root * root - 1, root - 1);
+        }
+    }
+}
+
+class Models : public testing::TestWithParam<std::string> {};
+
+INSTANTIATE_TEST_SUITE_P(Families, Models, testing::Values("PIC16F84", "PIC16F877", "PIC16F628"),
+                         [](const auto& model) { return model.param; });
+
+TEST_P(Models, EepromWriteAndReadBack) {
+    Chip chip(
+        GetParam(),
+        "dim i as byte\ndim d as byte\ndim bad as byte\nbad=0\n"
+        "for i=0 to 63\nd=i*3\nwrite i,d\nnext i\nwrite 5,200\n"
+        "for i=0 to 63\nread i,d\nd=d/3\nif d<>i then\nbad=bad+1\nend if\nnext i\nread 5,d\n");
+    chip.RunToEnd();
+    EXPECT_EQ(1, chip.Value("bad")) << "only address 5 was overwritten";
+    EXPECT_EQ(200, chip.Value("d"));
+    EXPECT_EQ(200, chip.Processor().state.eepromMemory[5]);
+    EXPECT_EQ(63 * 3, chip.Processor().state.eepromMemory[63]);
+}
+
+TEST(WaitMs, LastsThatManyMilliseconds) {
+    for (const int megahertz : {4, 10, 20}) {
+        const auto clockCycles = [megahertz](int milliseconds) {
+            Chip chip("PIC16F84",
+                      "dim w as word\nw=" + std::to_string(1000 + milliseconds) +
+                          "\nw=w-1000\nwaitms w\n",
+                      static_cast<float>(megahertz));
+            chip.RunToEnd();
+            return chip.Processor().state.clockCycles;
+        };
+        const std::int64_t none = clockCycles(0);
+        for (const int milliseconds : {1, 2, 255, 256, 257, 1000}) {
+            EXPECT_EQ(std::int64_t{milliseconds} * megahertz * 1000,
+                      clockCycles(milliseconds) - none)
+                << milliseconds << " ms at " << megahertz << " MHz";
+        }
+    }
+}
+
+using Banks = std::array<int, 3>;
+
+// Words x, a, b and Bytes p, q, r in each bank of a PIC16F877, named by letter and bank; n in bank
+// 0.
+std::string VariablesInAllBanks() {
+    constexpr std::array<int, 4> kFillers = {76, 71, 87, 0};
+    std::string text = "dim n as byte\nn=0\n";
+    for (std::size_t bank = 0; bank < kFillers.size(); ++bank) {
+        text += With(
+            "dim xN as word\ndim aN as word\ndim bN as word\n"
+            "dim pN as byte\ndim qN as byte\ndim rN as byte\n",
+            {{'N', std::to_string(bank)}});
+        for (int i = 0; i < kFillers.at(bank); ++i) {
+            text +=
+                With("dim fN_I as byte\n", {{'N', std::to_string(bank)}, {'I', std::to_string(i)}});
+        }
+    }
+    return text;
+}
+
+// Runs the program for each combination of three banks: X in a name stands for the first one, A for
+// the second, B for the third.
+template <typename Check>
+void ForAllBanks(const std::string& program, const Check& check) {
+    for (int combination = 0; combination < 64; ++combination) {
+        const Banks banks = {combination & 3, (combination >> 2) & 3, combination >> 4};
+        Chip chip("PIC16F877",
+                  VariablesInAllBanks() + With(program, {{'X', std::to_string(banks[0])},
+                                                         {'A', std::to_string(banks[1])},
+                                                         {'B', std::to_string(banks[2])}}));
+        for (int bank = 0; bank < 4; ++bank) {
+            ASSERT_EQ(bank, chip.Address("x" + std::to_string(bank)) / 128);
+            ASSERT_EQ(bank, chip.Address("r" + std::to_string(bank)) / 128);
+        }
+        chip.RunToEnd();
+        check(chip, banks);
+    }
+}
+
+int ValueIn(const Chip& chip, char name, int bank) {
+    return chip.Value(name + std::to_string(bank));
+}
+
+TEST(AllBanks, AssignmentAndArithmetic) {
+    const std::string program =
+        "aA=60000\nbB=7\nxX=aA/bB\nxX=xX*bB\naA=aA-xX\nxX=xX+aA\naA=xX mod 1000\n"
+        "qA=200\nrB=30\npX=qA/rB\npX=pX*rB\nqA=qA-pX\npX=pX+qA\nrB=sqr(xX)\naA=rB\n"
+        "write qA,rB\nread qA,pX\nwaitms bB\n";
+    ForAllBanks(program, [](const Chip& chip, const Banks& banks) {
+        const auto [x, a, b] = banks;
+        EXPECT_EQ(60000, ValueIn(chip, 'x', x));
+        EXPECT_EQ(244, ValueIn(chip, 'a', a));
+        EXPECT_EQ(7, ValueIn(chip, 'b', b));
+        EXPECT_EQ(20, ValueIn(chip, 'q', a));
+        EXPECT_EQ(244, ValueIn(chip, 'r', b));
+        EXPECT_EQ(244, ValueIn(chip, 'p', x));
+    });
+}
+
+// Each step that goes right adds one to n, which is in bank 0.
+TEST(AllBanks, ConditionsLeaveBankZeroSelected) {
+    std::string program = "aA=5\nbB=6\nqA=5\nrB=6\nqA.3=1\n";
+    for (const char* condition :
+         {"aA<bB", "bB>=6", "aA=5", "qA<>rB", "rB<=qA", "rB.1=qA.2", "qA.3", "not rB.0"}) {
+        program += With("if C then\nn=n+1\nelse\nn=100\nend if\n", {{'C', condition}});
+    }
+    for (const char* condition :
+         {"aA>bB", "bB<=5", "aA<>5", "qA=rB", "rB>qA", "rB.1<>qA.2", "not qA.3", "rB.0"}) {
+        program += With(
+            "if C then\nn=100\nelse\nn=n+1\nend if\nif C then\nend if\nn=n+1\n"
+            "while C\nn=100\nwend\nn=n+1\n",
+            {{'C', condition}});
+    }
+    program += "while aA<bB\naA=aA+1\nn=n+1\nwend\nwhile not rB.0\nrB.0=1\nn=n+1\nwend\nn=n+1\n";
+    ForAllBanks(program, [](const Chip& chip, const Banks&) {
+        EXPECT_EQ(8 + 3 * 8 + 1 + 2, chip.Value("n"));
+    });
+}
+
+TEST(AllBanks, LoopsCountRightAndLeaveBankZeroSelected) {
+    const std::string program =
+        "aA=10\nbB=100\nqA=10\nrB=100\n"
+        "for xX=aA to bB step aA\nn=n+1\nnext xX\nn=n+1\n"
+        "for xX=bB to aA step -aA\nn=n+1\nnext xX\nn=n+1\n"
+        "for xX=65500 to 65535 step aA\nn=n+1\nnext xX\nn=n+1\n"
+        "for xX=bB to 0 step -aA\nn=n+1\nnext xX\nn=n+1\n"
+        "for pX=qA to rB step qA\nn=n+1\nnext pX\nn=n+1\n"
+        "for pX=rB to qA step -qA\nn=n+1\nnext pX\nn=n+1\n"
+        "for pX=225 to 255 step qA\nn=n+1\nnext pX\nn=n+1\n"
+        "for pX=rB to 0 step -qA\nn=n+1\nnext pX\nn=n+1\n";
+    ForAllBanks(program, [](const Chip& chip, const Banks&) {
+        EXPECT_EQ(10 + 10 + 4 + 11 + 10 + 10 + 4 + 11 + 8, chip.Value("n"));
+    });
+}
+
+TEST(AllBanks, BitStatementsWorkUnlessWarnedOf) {
+    const std::string program =
+        "pX=0\nqA=255\nrB=0\n"
+        "pX.0=qA.2 and rB.3\npX.1=qA.2 or rB.3\npX.2=qA.2 xor rB.3\npX.3=qA.2 nand rB.3\n"
+        "pX.4=qA.2 nor rB.3\npX.5=qA.2 nxor rB.3\npX.6=not rB.3\npX.7=rB.3\n";
+    ForAllBanks(program, [](const Chip& chip, const Banks& banks) {
+        const bool isHazard = banks[0] != banks[2];
+        EXPECT_EQ(isHazard ? 8U : 0U, chip.Warnings().size());
+        if (!isHazard) {
+            EXPECT_EQ(0b01001110, ValueIn(chip, 'p', banks[0]));
+        }
+    });
+}
+
+}  // namespace
+}  // namespace corvane::basic

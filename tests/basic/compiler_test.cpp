@@ -1,0 +1,181 @@
+// Sizes, limits and settings, which files of examples do not show well.
+#include "basic/compiler.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "basic/basic_fixture.h"
+#include "basic/editor_form.h"
+
+namespace corvane::basic {
+namespace {
+
+std::string Repeated(int times, std::string_view text) {
+    std::string result;
+    for (int i = 0; i < times; ++i) {
+        result += text;
+    }
+    return result;
+}
+
+std::string NumberedLines(int count, const std::string& before, const std::string& after) {
+    std::string result;
+    for (int i = 0; i < count; ++i) {
+        result += before;
+        result += std::to_string(i);
+        result += after;
+        result += '\n';
+    }
+    return result;
+}
+
+Compilation CompileFor(std::string_view modelName, std::string_view text, float clock = 4.0F) {
+    const models::Model& model = ModelNamed(modelName);
+    auto compilation = CompileSource(text, model, Description(model), clock);
+    EXPECT_TRUE(compilation) << ErrorText(compilation.error);
+    return compilation ? std::move(*compilation) : Compilation();
+}
+
+TEST(Compile, LineEndsDoNotMatter) {
+    const Compilation expected = CompileFor("PIC16F84", "dim a as byte\r\n\r\na=1\r\n");
+    EXPECT_EQ(expected.assembler, CompileFor("PIC16F84", "dim a as byte\n\na=1").assembler);
+    EXPECT_EQ(expected.assembler, CompileFor("PIC16F84", "dim a as byte\r\ra=1\r").assembler);
+}
+
+TEST(Compile, EmptyText) {
+    EXPECT_NE(
+        std::string::npos,
+        CompileFor("PIC16F84", "").assembler.find("; 1: \r\n; End\r\nL0001:  GOTO L0001\r\n"));
+    EXPECT_TRUE(Compile("", ModelNamed("PIC16F84"), {}, 4.0F));
+}
+
+TEST(Compile, ModelWithoutRam) {
+    const auto compilation = Compile("\r\n", ModelNamed("PIC16F84"), {}, 4.0F);
+    ASSERT_FALSE(compilation);
+    EXPECT_EQ("Error in line 1: Not enough RAM memory available for this variable.",
+              ErrorText(compilation.error));
+}
+
+// A PIC16F84 has 68 bytes of RAM, and the generated code needs ten of them.
+TEST(Compile, RamIsUsedToTheLastByte) {
+    const std::string full =
+        NumberedLines(16, "dim f", " as bit") + NumberedLines(28, "dim w", " as word");
+    EXPECT_EQ("", CompileError(full));
+    EXPECT_EQ("Error in line 45: Not enough RAM memory available for this variable.",
+              CompileError(full + "dim f16 as bit\n"));
+    EXPECT_EQ("Error in line 45: Not enough RAM memory available for this variable.",
+              CompileError(full + "here: dim w28 as word\n"));
+}
+
+TEST(Compile, TenThousandOpenBlocks) {
+    constexpr int kDepth = 10000;
+    const std::string openings = Repeated(kDepth, "while porta.0\n") +
+                                 Repeated(kDepth, "if porta.1 then\n") +
+                                 Repeated(kDepth, "for portb = 1 to 2\n");
+    EXPECT_EQ("Error in line 30001: Wend is missing.", CompileError(openings));
+    const Compilation compilation =
+        CompileFor("PIC16F84", openings + Repeated(kDepth, "next portb\n") +
+                                   Repeated(kDepth, "else\nend if\n") + Repeated(kDepth, "wend\n"));
+    EXPECT_EQ(2U, compilation.warnings.size()) << "too many words, too many labels";
+}
+
+TEST(Compile, LabelsEndAt9999) {
+    const std::string most = NumberedLines(9998, "l", ":");
+    const Compilation compilation = CompileFor("PIC16F84", most + "goto l9997\n");
+    EXPECT_NE(std::string::npos, compilation.assembler.find("        GOTO L9998\r\n; End\r\n"
+                                                            "L9999:  GOTO L9999\r\n"));
+    EXPECT_EQ(1U, compilation.warnings.size());
+    const std::vector<LineMessage> warnings = CompileFor("PIC16F84", most + "l:\n").warnings;
+    ASSERT_EQ(2U, warnings.size());
+    EXPECT_EQ(9999, warnings[1].lineNumber);
+    EXPECT_EQ("The program needs more than 9999 labels from this line on; they repeat.",
+              warnings[1].message);
+}
+
+// "portb = 1" takes two words, the end one.
+TEST(Compile, WarnsOfTheLineBeyond2048Words) {
+    const std::string fits = Repeated(1023, "portb=1\n") + "portb=0\n";
+    EXPECT_TRUE(CompileFor("PIC16F877", fits).warnings.empty());
+    const std::vector<LineMessage> warnings = CompileFor("PIC16F877", fits + fits).warnings;
+    ASSERT_EQ(1U, warnings.size());
+    EXPECT_EQ(1025, warnings[0].lineNumber);
+    EXPECT_EQ(
+        "The program exceeds 2048 words from this line on; jumps and calls reach only the first "
+        "2048.",
+        warnings[0].message);
+}
+
+TEST(Compile, LongLines) {
+    const std::string megabyte(1 << 20, 'x');
+    EXPECT_EQ("", CompileError("portb = 1 '" + megabyte));
+    EXPECT_EQ("", CompileError("dim " + megabyte + " as byte"));
+    EXPECT_EQ("Error in line 1: Syntax error.", CompileError(megabyte));
+    EXPECT_EQ("Error in line 1: Line too long.", CompileError(Repeated(1 << 18, "+ ")));
+    EXPECT_EQ("Error in line 1: Incorrect line label name.",
+              CompileError(std::string("\0:\xFF'\"", 5)));
+}
+
+// The loop count of a millisecond is 5 x MHz - 2, rounded to even.
+TEST(Compile, WaitsFollowTheClock) {
+    const std::vector<std::pair<float, std::string>> counts = {
+        {4.0F, "0x12"}, {10.0F, "0x30"}, {20.0F, "0x62"}, {3.58F, "0x10"}, {0.5F, "0x00"},
+        {0.7F, "0x02"}, {0.9F, "0x02"},  {0.1F, "0xFE"},  {0.0F, "0xFE"},  {60.0F, "0x2A"}};
+    for (const auto& [clock, count] : counts) {
+        EXPECT_NE(std::string::npos,
+                  CompileFor("PIC16F84", "waitms 1", clock)
+                      .assembler.find("        MOVLW " + count + "\r\n        MOVWF R1H\r\n"))
+            << clock;
+    }
+}
+
+TEST(Compile, ReportsEachLineOfBothPasses) {
+    std::string reports;
+    const models::Model& model = ModelNamed("PIC16F84");
+    const auto report = [&reports](std::string_view status, int line) {
+        reports.append(status).append(std::to_string(line)).append(" ");
+    };
+    EXPECT_TRUE(Compile("\r\nPORTB = 0\r\n", model, Description(model), 4.0F, report));
+    EXPECT_EQ("Performing pass 1.1 Performing pass 1.2 Performing pass 2.1 Performing pass 2.2 ",
+              reports);
+}
+
+TEST(EditorForm, WholeText) {
+    const std::vector<EditorKeyword> keywords = EditorKeywords(Description(ModelNamed("PIC16F84")));
+    EXPECT_EQ("\r\n", RewriteText("", keywords));
+    EXPECT_EQ("If a Then\r\n\r\n'x\r\n", RewriteText("IF A THEN\n \r\n  ' x", keywords));
+}
+
+struct ColoredLine {
+    std::string_view line;
+    std::string_view colors;  // k, c or q below each character of that colour
+};
+
+TEST(EditorForm, Colors) {
+    const std::vector<EditorKeyword> keywords = EditorKeywords(Description(ModelNamed("PIC16F84")));
+    const std::vector<ColoredLine> lines = {
+        {"For i = 1 To PORTB Step -1 'For", "kkk       kk kkkkk kkkk    cccc"},
+        {"a.LB = Sqr(TMR0 )", "  kk       kkkk  "},
+        {"a = \"If 'x\" Then 'y", "    qqqqqqqcccccccc"},
+        {"To To \tTo To", "kk     kk   "},
+        {"toTo Do", "       "},
+    };
+    for (const auto& [line, colors] : lines) {
+        std::string shown(line.size(), ' ');
+        for (const ColoredSpan& span : ColorLine(line, keywords)) {
+            const char color = span.color == TextColor::Keyword   ? 'k'
+                               : span.color == TextColor::Comment ? 'c'
+                                                                  : 'q';
+            shown.replace(static_cast<std::size_t>(span.start),
+                          static_cast<std::size_t>(span.length),
+                          static_cast<std::size_t>(span.length), color);
+        }
+        EXPECT_EQ(colors, shown) << line;
+    }
+}
+
+}  // namespace
+}  // namespace corvane::basic

@@ -1,0 +1,64 @@
+"""The example programs end as the data sheets say. The figures were worked out by hand: every
+instruction cycle is four clock cycles, and one is counted before the first instruction."""
+
+import unittest
+
+from cli_case import SOURCE, CliCase, register
+
+# name: (options, registers by address, members of the state, lines of the trace)
+EXAMPLES = {
+    # 12 steps set the chip up. TMR0 = FDh overflows 12 cycles after it was written, in the fifth
+    # GOTO; each later overflow comes 20 cycles (17 steps) after the one before.
+    "timer0_interrupt": (
+        ["--steps", 100], {0x0C: 5}, {"portValues": [0, 5, 0, 0, 0]},
+        ["17 001D A0 1C 96 GOTO 0x01D", "18 0004 A0 1C 100 INTERRUPT!",
+         "35 0004 A0 1C 180 INTERRUPT!", "86 0004 A0 1C 420 INTERRUPT!"]),
+    # The write lasts 250 steps, from step 11 on; 125 GOTOs and one skip take a second cycle.
+    "eeprom_write_read": (
+        [], {0x0C: 0x5A},
+        {"eepromMemory": "00" * 16 + "5A" + "00" * 47, "instructionCount": 272,
+         "clockCycles": 4 * (1 + 272 + 125 + 1)},
+        ["260 000C AA 38 1540 BTFSC 0x08,1"]),
+    "analog_digital": (
+        ["-m", "PIC16F877"], {0x20: 0x02, 0x21: 0xBC, 0x22: 0x01, 0x23: 0x2C},
+        {"portValues": [0, 0x2C, 0, 0, 0], "instructionCount": 78}, []),
+    # C1OUT follows the input one step after each event; both loops test it every second step. C2
+    # compares RA1, at 0 V, with the reference: its output stays 1.
+    "comparators": (
+        ["-m", "PIC16F628"], {0x1F: 0x82}, {"vrefValue": 250, "instructionCount": 64},
+        ["32 0009 AC 1C 184 BTFSS 0x1F,6", "63 000D AC 1C 368 BCF 0x06,0"]),
+    "port_change_interrupt": (
+        ["--steps", 150], {0x0C: 3, 0x0D: 0b1000}, {"portValues": [0b1000, 0x80, 0, 0, 0]},
+        ["21 0004 88 1C 128 INTERRUPT!", "22 0005 88 1C 132 MOVWF 0x0E"]),
+    "table_lookup": (
+        [], dict(zip(range(0x20, 0x2A),
+                     [0x3F, 0x06, 0x5B, 0x4F, 0x66, 0x6D, 0x7D, 0x07, 0x7F, 0x6F])),
+        {"clockCycles": 748, "portValues": [0, 0x6F, 0, 0, 0]},
+        ["10 0200 00 1C 48 CALL 0x200", "11 0201 00 18 56 ADDWF PCL,F",
+         "12 000A 3F 18 64 RETLW 0x3F"]),
+    "indirect_addressing": (
+        [], {0x0E: 136, 0x04: 0x20, 0x20: 1, 0x2F: 16}, {"clockCycles": 864}, []),
+    "deep_calls": (
+        [], {0x0D: 8, 0x0E: 8},
+        {"hardwareStack": [5] + [9] * 7, "stackPointer": 8, "clockCycles": 252}, []),
+}
+
+
+class Examples(CliCase):
+    def test_every_example_does_what_the_data_sheet_says(self):
+        folder = SOURCE / "examples"
+        self.assertEqual(set(EXAMPLES), {path.stem for path in folder.glob("*.asm")})
+        for name, (options, registers, members, lines) in EXAMPLES.items():
+            with self.subTest(name):
+                stimulus = folder / f"{name}.stim"
+                if stimulus.exists():
+                    options = options + ["-s", stimulus]
+                state = self.state(folder / f"{name}.asm", *options, "-t", "trace")
+                self.assertEqual({a: register(state, a) for a in registers}, registers)
+                self.assertEqual({m: state[m] for m in members}, members)
+                trace = self.read("trace").splitlines()
+                self.assertEqual([trace[int(line.split()[0]) - 1] for line in lines], lines)
+
+
+if __name__ == "__main__":
+    unittest.main()

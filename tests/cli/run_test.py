@@ -1,0 +1,195 @@
+"""run: limits, stimulus, trace, state, statistics and Ctrl-C."""
+
+import json
+import re
+import signal
+import subprocess
+import unittest
+
+from cli_case import (CLI, DONE, INTERRUPTED, PROGRAM_FAULT, REFUSED, SOURCE, CliCase, hex_record,
+                      register)
+
+# Steps 1, 2, then one GOTO after the other: 8 clock cycles each.
+LOOP = "        MOVLW 0x55\n        MOVWF 0x0C\nAGAIN:  GOTO AGAIN\n"
+LOOP_HEX = hex_record(0, 0, "55308C000228") + ":00000001FF\n"
+
+# What every state has, in this order.
+MEMBERS = ["model", "pc", "w", "dataMemory", "eepromMemory", "hardwareStack", "stackPointer",
+           "instructionCount", "clockCycles", "lastInstruction", "prescalerCount", "stopRequested",
+           "pinInputs", "portValues", "analogValues", "analogPinFlags", "vrefValue", "eeWriteBusy",
+           "eeWriteElapsed", "eeWriteAddress", "eeWriteData", "eeUnlockState", "adElapsed",
+           "adSample", "loadedWords"]
+
+
+class Limits(CliCase):
+    def test_a_run_ends_at_the_first_limit(self):
+        self.write("a.asm", LOOP)
+        # After Start 4 clock cycles have passed, then 8, 12, 20, 28, ...
+        for options, instructions, clocks in [
+            (["-n", 0], 0, 4), (["-n", 1], 1, 8), (["-n", 30001], 30001, 12 + 8 * 29999),
+            (["-c", 0], 0, 4), (["-c", 4], 0, 4), (["-c", 5], 1, 8), (["-c", 12], 2, 12),
+            (["-c", 13], 3, 20), (["-c", 20], 3, 20), (["-c", 100001], 12501, 100004),
+            (["-b", "2"], 2, 12), (["-b", "7", "-b", "0002"], 2, 12), (["-b", "1"], 1, 8),
+            (["-b", "0", "-n", 9], 9, 68), (["-c", 50, "-n", 4], 4, 28),
+        ]:
+            state = self.state("a.asm", *options)
+            self.assertEqual((state["instructionCount"], state["clockCycles"]),
+                             (instructions, clocks), options)
+            self.assertFalse(state["stopRequested"])
+
+    def test_limits_are_exact_for_steps_of_one_to_three_cycles(self):
+        # The skip by an instruction that writes PCL takes three cycles: FFh + 1 gives 0.
+        self.write("a.asm", " NOP\n GOTO NEAR\nNEAR: MOVLW 0xFE\n GOTO 0x0FE\n ORG 0x0FD\n GOTO 0\n"
+                            " INCFSZ PCL,F\n SLEEP\n")
+        self.cli("run", "a.asm", "-q", "-n", 50, "-t", "trace")
+        steps = [int(line.split()[4]) for line in self.read("trace").splitlines()]
+        self.assertIn(12, [later - earlier for earlier, later in zip(steps, steps[1:])])
+        for limit in range(5, 120):
+            state = self.state("a.asm", "-c", limit)
+            self.assertEqual(state["clockCycles"], next(s for s in steps if s >= limit), limit)
+
+    def test_what_the_program_does_decides_the_status(self):
+        for source, status, errors in [
+            (" SLEEP\n", DONE, ""),
+            (" MOVLW 1\n DW 0x3B00\n", PROGRAM_FAULT,
+             "a.asm: error: The word 3B00 at 0001 is no instruction."),
+            (" GOTO 0x400\n", PROGRAM_FAULT,
+             "a.asm: error: The program ran past the end of program memory, to 0400."),
+        ]:
+            self.write("a.asm", source)
+            state = self.state("a.asm", "-n", 100, status=status, errors=errors)
+            self.assertTrue(state["stopRequested"])
+
+
+class Results(CliCase):
+    def test_statistics(self):
+        self.write("a.hex", LOOP_HEX)
+        for clock, shown in ["4", "7.0 µs at 4 MHz"], ["3.579545", "7.82 µs at 3.579545 MHz"]:
+            text = self.cli("run", "a.hex", "-n", 4, "--clock", clock)
+            self.assertRegex(text, "^Total number of executed instructions is 4\\.\n"
+                                   "[0-9]+\\.[0-9]+ seconds elapsed\\.\n"
+                                   "Real-time duration of the simulation is 28 clock cycles or "
+                                   + re.escape(shown) + "\\.\n$")
+        self.assertEqual(self.cli("run", "a.hex", "-n", 4, "-q"), "")
+
+    def test_trace(self):
+        self.write("a.hex", LOOP_HEX)
+        lines = ["1 0001 55 18 8 MOVLW 0x55", "2 0002 55 18 12 MOVWF 0x0C",
+                 "3 0002 55 18 20 GOTO 0x002", "4 0002 55 18 28 GOTO 0x002"]
+        self.assertEqual(self.cli("run", "a.hex", "-n", 4, "-q", "-t", "-"), "\n".join(lines) + "\n")
+        self.cli("run", "a.hex", "-n", 4, "-q", "-t", "t")
+        self.assertEqual(self.read("t"), "\r\n".join(lines) + "\r\n")
+        self.cli("run", "a.hex", "-n", 20000, "-q", "-t", "t")  # more than a buffer
+        steps = [int(line.split()[0]) for line in self.read("t").splitlines()]
+        self.assertEqual(steps, list(range(1, 20001)))
+        self.cli("run", "a.hex", "-n", 0, "-q", "-t", "t")
+        self.assertEqual(self.read("t"), "")
+
+    def test_state(self):
+        self.write("a.hex", LOOP_HEX)
+        state = self.state("a.hex", "-n", 3)
+        self.assertEqual(list(state), MEMBERS)
+        self.assertEqual([type(state[m]).__name__ for m in MEMBERS],
+                         ["str", "int", "int", "str", "str", "list", "int", "int", "int", "str",
+                          "int", "bool", "list", "list", "list", "list", "int", "bool"]
+                         + ["int"] * 7)
+        self.assertEqual([len(state[m]) for m in ("dataMemory", "eepromMemory", "hardwareStack",
+                                                  "pinInputs", "portValues", "analogValues",
+                                                  "analogPinFlags")],
+                         [1024, 128, 8, 5, 5, 8, 10])
+        self.assertEqual((state["model"], state["pc"], state["w"], state["lastInstruction"],
+                          state["loadedWords"], register(state, 0x0C), register(state, 0x81)),
+                         ("PIC16F84", 2, 0x55, "GOTO 0x002", 3, 0x55, 0xFF))
+        self.cli("run", "a.hex", "-q", "-n", 3, "--state", "s.json")
+        self.assertEqual(self.read("s.json").count("\n"), self.read("s.json").count("\r\n"))
+        self.assertEqual(json.loads(self.read("s.json")), state)
+
+    def test_sources_are_built_in_memory(self):
+        self.write("a.bas", "dim a as byte\na=5\nportb=a")
+        self.write("a.asm", LOOP)
+        self.assertEqual(self.state("a.bas", "-n", 20)["w"], 5)
+        self.assertEqual(self.state("a.asm", "-n", 2)["w"], 0x55)
+        self.assertEqual(self.files(), ["a.asm", "a.bas"])
+
+    def test_the_peripheral_times(self):
+        eeprom = SOURCE / "examples/eeprom_write_read.asm"
+        analog = SOURCE / "examples/analog_digital.asm"
+        # The wait of 250 steps becomes one of 10, the two of 25 become two of 5.
+        self.assertEqual(self.state(eeprom, "--eeprom-write-time", 40)["instructionCount"], 32)
+        state = self.state(analog, "-m", "pic16f877", "--ad-conversion-time", 20)
+        self.assertEqual(state["instructionCount"], 38)
+
+
+class Stimulus(CliCase):
+    def test_events_take_place_before_the_step_that_follows(self):
+        self.write("a.asm", LOOP)
+        self.write("s", "# pins\n\n0 set RB0 1\n1 set RB0 1\n2\ttoggle  rb7\r\n2 toggle RA4\n3 set RB0 0\n")
+        for steps, inputs in [(0, [0, 0]), (1, [0, 1]), (2, [0, 1]), (3, [0x10, 0x81]),
+                              (4, [0x10, 0x80])]:
+            for trace in [], ["-t", "/dev/null"]:
+                state = self.state("a.asm", "-s", "s", "-n", steps, *trace)
+                self.assertEqual(state["pinInputs"], inputs + [0, 0, 0], steps)
+        # The edges of RB0 and RB7 set INTF and RBIF.
+        self.assertEqual(register(self.state("a.asm", "-s", "s", "-n", 4), 0x0B), 0b011)
+
+    def test_bad_lines_are_refused_before_anything_runs(self):
+        self.write("a.asm", LOOP)
+        form = "A line is STEP toggle PIN, STEP set PIN 0|1 or STEP analog ANk VALUE."
+        for model, line, message in [
+            ("PIC16F84", "toggle RB0", form), ("PIC16F84", "-1 toggle RB0", form),
+            ("PIC16F84", "1 toggle", form), ("PIC16F84", "1 toggle RB0 1", form),
+            ("PIC16F84", "1 set RB0", form), ("PIC16F84", "1 press RB0", form),
+            ("PIC16F84", "0x1 toggle RB0", form), ("PIC16F84", "1 analog AN0", form),
+            ("PIC16F84", "99999999999999999999 toggle RB0", form),
+            ("PIC16F84", "1 toggle RB0\0", "PIC16F84 has no pin RB0\0."),
+            ("PIC16F84", "1 set RB0 2", "The level must be 0 or 1."),
+            ("PIC16F84", "1 toggle RC0", "PIC16F84 has no pin RC0."),
+            ("PIC16F84", "1 analog AN0 1", "PIC16F84 has no analog input AN0."),
+            ("PIC16F873", "1 analog AN5 1", "PIC16F873 has no analog input AN5."),
+            ("PIC16F877", "1 toggle RE3", "PIC16F877 has no pin RE3."),
+            ("PIC16F877", "1 analog AN7 1024", "The analog value must be 0 to 1023."),
+            ("PIC16F628", "1 analog AN0 501", "The analog value must be 0 to 500."),
+            ("PIC16F628", "1 analog AN0 -1", "The analog value must be 0 to 500."),
+            ("PIC16F84", "4 toggle RB0", "Step 4 stands behind step 5."),
+        ]:
+            self.write("s", "5 toggle RB0\n" + line if line[0] == "4" else "#\n" + line)
+            self.cli("run", "a.asm", "-m", model, "-s", "s", "-n", 9, "-t", "t", status=REFUSED,
+                     errors=f"s:2: error: {message}")
+        self.assertEqual(self.files(), ["a.asm", "s"])
+
+
+class Interruption(CliCase):
+    def interrupt(self, trace, wait_until_it_runs):
+        """Presses Ctrl-C; returns standard output as far as the wait has left it."""
+        process = subprocess.Popen([CLI, "run", "a.asm", "-t", trace, "--state", "s"],
+                                   cwd=self.folder, stdout=subprocess.PIPE)
+        wait_until_it_runs(process)
+        process.send_signal(signal.SIGINT)
+        text = process.communicate()[0].decode()
+        self.assertEqual(process.returncode, INTERRUPTED)
+        return text
+
+    def check_results(self, trace, statistics):
+        steps = json.loads(self.read("s"))["instructionCount"]
+        self.assertRegex(trace.splitlines()[-1], f"^{steps} 0002 55 18 [0-9]+ GOTO 0x002$")
+        self.assertIn(f"instructions is {steps}.\n", statistics)
+        self.assertEqual([name for name in self.files() if name.endswith(".part")], [])
+
+    def test_ctrl_c_finishes_the_step_and_writes_everything(self):
+        self.write("a.asm", LOOP)
+        text = self.interrupt("-", lambda process: process.stdout.read(1))
+        trace, total, statistics = text.partition("Total")
+        self.check_results(trace, total + statistics)
+
+        unfinished = self.folder / ".t.part"
+
+        def until_the_trace_grows(_):
+            while not unfinished.exists() or unfinished.stat().st_size == 0:
+                pass
+
+        statistics = self.interrupt("t", until_the_trace_grows)
+        self.check_results(self.read("t"), statistics)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,166 @@
+// Start, the figures at the end, runs and breakpoints, names of pins.
+#include "core/simulation_control.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+
+#include "core/engine_pair.h"
+#include "core/model_descriptions.h"
+
+namespace corvane::core {
+namespace {
+
+Processor StartedProcessor(std::string_view name, std::initializer_list<std::string_view> program) {
+    const models::Model& model = ModelNamed(name);
+    Processor processor = MakeProcessor(model, DescriptionOf(model));
+    FillProgramMemory(processor, Words(program));
+    StartSimulation(processor);
+    return processor;
+}
+
+TEST(StartSimulation, ResetsEverythingButTheProgram) {
+    Processor processor = StartedProcessor("PIC16F877", {"BSF PCLATH,0", "CALL 0x7FF", "SLEEP"});
+    const ProcessorState fresh = processor.state;
+    EXPECT_EQ(fresh.clockCycles, 4);
+    EXPECT_EQ(fresh.instructionCount, 0);
+    EXPECT_EQ(fresh.stackPointer, 8);
+    EXPECT_EQ(fresh.dataMemory[0x03], 0x18);
+    EXPECT_EQ(fresh.dataMemory[0x81], 0xFF);
+    EXPECT_EQ(fresh.dataMemory[0x85], 0x3F);
+    EXPECT_EQ(LastInstructionText(fresh), "");
+
+    TogglePin(processor, {1, 4}, true);
+    SetAnalogValue(processor, 0, 700);
+    processor.state.eepromMemory[3] = 9;
+    processor.state.eeWriteBusy = true;
+    processor.state.stopRequested = true;
+    StateChanged(processor);
+    core::Run(processor, 10);
+    EXPECT_FALSE(processor.state == fresh);
+    StartSimulation(processor);
+    EXPECT_TRUE(processor.state == fresh);
+}
+
+TEST(StartSimulation, CountsOneCycleOnTimer0) {
+    // After power-on Timer0 counts T0CKI; a description that says otherwise lets it count.
+    const models::Model& model = ModelNamed("PIC16F84");
+    models::ModelDescription description = DescriptionOf(model);
+    for (models::Sfr& sfr : description.sfrList) {
+        if (sfr.address == 0x81) {
+            sfr.resetValue = 0x08;
+        }
+    }
+    Processor processor = MakeProcessor(model, description);
+    EXPECT_EQ(processor.state.dataMemory[1], 0);
+    StartSimulation(processor);
+    EXPECT_EQ(processor.state.dataMemory[1], 1);
+}
+
+TEST(FillProgramMemory, ClearsTheRestAndDropsWhatIsTooMuch) {
+    Processor processor = StartedProcessor("PIC16F83", {"SLEEP", "SLEEP", "SLEEP"});
+    FillProgramMemory(processor, Words({"NOP"}));
+    EXPECT_EQ(processor.state.programMemory[0], 0);
+    EXPECT_EQ(processor.state.programMemory[1], 0);
+    FillProgramMemory(processor, std::vector<std::uint16_t>(600, 0x0063));
+    EXPECT_EQ(processor.state.programMemory[511], 0x0063);
+    EXPECT_EQ(processor.state.programMemory[512], 0);
+}
+
+TEST(Run, EndsAtStepsStopsAndBreakpoints) {
+    Processor processor = StartedProcessor("PIC16F84", {"NOP", "NOP", "NOP", "GOTO 0x000"});
+    RunResult result = core::Run(processor, 10);
+    EXPECT_EQ(result.steps, 10);
+    EXPECT_FALSE(result.breakpointReached);
+    EXPECT_EQ(processor.state.pc, 2);
+
+    SetBreakpoints(processor, std::array{3, 8000});
+    result = core::Run(processor, 100);
+    EXPECT_EQ(result.steps, 1);
+    EXPECT_TRUE(result.breakpointReached);
+    result = core::Run(processor, 100);  // the one it stands on does not stop it
+    EXPECT_EQ(result.steps, 4);
+    EXPECT_TRUE(result.breakpointReached);
+    StartSimulation(processor);  // breakpoints survive
+    EXPECT_EQ(core::Run(processor, 100).steps, 3);
+    EXPECT_FALSE(ExecuteStep(processor).breakpointReached);
+    SetBreakpoints(processor, {});
+    EXPECT_EQ(core::Run(processor, 100).steps, 100);
+
+    Processor sleeping = StartedProcessor("PIC16F84", {"NOP", "SLEEP"});
+    EXPECT_EQ(core::Run(sleeping, 100).steps, 2);
+    EXPECT_TRUE(sleeping.state.stopRequested);
+
+    Processor past = StartedProcessor("PIC16F83", {});
+    EXPECT_EQ(core::Run(past, 10000).steps, 512);
+    EXPECT_EQ(past.state.pc, 512);
+    EXPECT_TRUE(past.state.stopRequested);
+}
+
+TEST(StatisticsMessage, WritesNumbersAsIntegerAndHundredths) {
+    struct Case {
+        std::int64_t instructions, clocks;
+        float start, current, frequency;
+        const char* expected;
+    };
+    const Case cases[] = {
+        {1000, 4004, 10.0F, 22.5F, 4.0F,
+         "Total number of executed instructions is 1000.\r\n12.50 seconds elapsed.\r\n"
+         "Real-time duration of the simulation is 4004 clock cycles or 1001.0 \u00B5s at 4 MHz."},
+        {0, 4, 86399.0F, 2.0F, 20.0F,  // over midnight
+         "Total number of executed instructions is 0.\r\n3.0 seconds elapsed.\r\n"
+         "Real-time duration of the simulation is 4 clock cycles or 0.20 \u00B5s at 20 MHz."},
+        {7, 41, 0.0F, 1.0625F, 3.579545F,  // 11.4539... microseconds; 6.25 hundredths
+         "Total number of executed instructions is 7.\r\n1.6 seconds elapsed.\r\n"
+         "Real-time duration of the simulation is 41 clock cycles or 11.45 \u00B5s at 3.579545 "
+         "MHz."},
+        {5000000000, 20000000000, 1.0F, 1.0F, 0.5F,
+         "Total number of executed instructions is 5000000000.\r\n0.0 seconds elapsed.\r\n"
+         "Real-time duration of the simulation is 20000000000 clock cycles or "
+         "40000000000.0 \u00B5s at 0.5 MHz."},
+    };
+    for (const Case& c : cases) {
+        ProcessorState state;
+        state.instructionCount = c.instructions;
+        state.clockCycles = c.clocks;
+        EXPECT_EQ(StatisticsMessage(state, c.start, c.current, c.frequency), c.expected);
+    }
+}
+
+TEST(FindPin, KnowsThePinsOfEachPackage) {
+    struct Case {
+        const char* model;
+        std::array<int, kPortCount> pins;  // of PORTA to PORTE
+    };
+    constexpr Case kCases[] = {{"PIC16F83", {5, 8, 0, 0, 0}},  {"PIC16F84", {5, 8, 0, 0, 0}},
+                               {"PIC16F873", {6, 8, 8, 0, 0}}, {"PIC16F876", {6, 8, 8, 0, 0}},
+                               {"PIC16F874", {6, 8, 8, 8, 3}}, {"PIC16F877", {6, 8, 8, 8, 3}},
+                               {"PIC16F627", {8, 8, 0, 0, 0}}, {"PIC16F628", {8, 8, 0, 0, 0}}};
+    for (const Case& c : kCases) {
+        const models::Model& model = ModelNamed(c.model);
+        for (int port = 0; port < 8; ++port) {
+            for (int bit = 0; bit < 10; ++bit) {
+                const std::string name = {'R', static_cast<char>('A' + port),
+                                          static_cast<char>('0' + bit)};
+                SCOPED_TRACE(std::string(c.model) + " " + name);
+                const std::optional<Pin> pin = FindPin(model, name);
+                const bool exists =
+                    port < kPortCount && bit < c.pins.at(static_cast<std::size_t>(port));
+                ASSERT_EQ(pin.has_value(), exists);
+                if (exists) {
+                    EXPECT_EQ(pin->port, port);
+                    EXPECT_EQ(pin->bit, bit);
+                }
+            }
+        }
+    }
+    const models::Model& model = ModelNamed("PIC16F84");
+    EXPECT_TRUE(FindPin(model, "rb7"));
+    for (const char* name : {"", "R", "RA", "RA00", "PA0", "RA0 ", "RA-", "R\3770"}) {
+        EXPECT_FALSE(FindPin(model, name)) << name;
+    }
+}
+
+}  // namespace
+}  // namespace corvane::core

@@ -1,0 +1,199 @@
+"""Drives the desktop application as a person does: on a screen of its own, with the keyboard, and
+reading its windows through the accessibility bus. To be run on a session bus of its own:
+
+    dbus-run-session -- tests/end_to_end/SCRIPT build/dev/bin/corvane
+"""
+
+import os
+import pathlib
+import subprocess
+import sys
+import tempfile
+import time
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi  # noqa: E402
+
+DEADLINE = 60  # seconds until something that does not happen counts as a failure
+EDITABLE_ROLES = (Atspi.Role.TEXT, Atspi.Role.ENTRY, Atspi.Role.DOCUMENT_TEXT)
+
+
+def wait_for(what, condition):
+    """Returns what the condition gives as soon as it is true."""
+    end = time.monotonic() + DEADLINE
+    while time.monotonic() < end:
+        try:
+            value = condition()
+            if value:
+                return value
+        except gi.repository.GLib.GError:
+            pass  # the window has gone while it was being looked at
+        time.sleep(0.05)
+    raise AssertionError(f"never seen: {what}")
+
+
+def descendants(node):
+    yield node
+    for i in range(node.get_child_count()):
+        child = node.get_child_at_index(i)
+        if child is not None:
+            yield from descendants(child)
+
+
+def xdotool(*arguments):
+    return subprocess.run(["xdotool", *arguments], check=False, text=True, stderr=subprocess.DEVNULL,
+                          stdout=subprocess.PIPE).stdout.strip()
+
+
+class Desktop:
+    """The running application. Its folders, settings and screen last as long as the object."""
+
+    def __init__(self, executable, arguments=()):
+        self.executable = executable
+        self.arguments = arguments
+        self.processes = []
+
+    def __enter__(self):
+        self.home = tempfile.TemporaryDirectory(prefix="corvane-")
+        self.folder = pathlib.Path(self.home.name) / "programs"
+        self.folder.mkdir()
+        runtime = pathlib.Path(self.home.name) / "runtime"
+        runtime.mkdir(mode=0o700)
+        try:
+            self._start_application(runtime)
+        except BaseException:
+            self.__exit__()
+            raise
+        return self
+
+    def _start_application(self, runtime):
+        self._start_screen()
+        self.environment = dict(
+            os.environ, HOME=self.home.name, XDG_CONFIG_HOME=self.home.name,
+            XDG_RUNTIME_DIR=str(runtime), QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
+            QT_QPA_PLATFORM="xcb", QT_QPA_PLATFORMTHEME="generic", LC_ALL="C.UTF-8")
+        self._start(["openbox"])
+        wait_for("the window manager", lambda: xdotool("get_desktop") != "")
+        self.application = self._start([self.executable, *self.arguments])
+        self.window("Corvane")
+
+    def __exit__(self, *_):
+        for process in reversed(self.processes):
+            process.terminate()
+            process.wait()
+        self.home.cleanup()
+
+    def _start_screen(self):
+        reader, writer = os.pipe()
+        self.processes.append(subprocess.Popen(
+            ["Xvfb", "-displayfd", str(writer), "-screen", "0", "1400x1000x24",
+             "-noreset"],  # or the screen begins anew whenever its last client goes
+            pass_fds=[writer], stderr=subprocess.DEVNULL))
+        os.close(writer)
+        with os.fdopen(reader) as numbers:
+            os.environ["DISPLAY"] = ":" + numbers.readline().strip()
+
+    def _start(self, command):
+        process = subprocess.Popen(command, env=self.environment, stderr=subprocess.DEVNULL)
+        self.processes.append(process)
+        return process
+
+    # Looking.
+
+    def windows(self):
+        bus = Atspi.get_desktop(0)
+        for i in range(bus.get_child_count()):
+            application = bus.get_child_at_index(i)
+            if application is not None and application.get_process_id() == self.application.pid:
+                for j in range(application.get_child_count()):
+                    yield application.get_child_at_index(j)
+
+    def window(self, title):
+        return wait_for(f"window {title}", lambda: next(
+            (w for w in self.windows() if w.get_name() == title), None))
+
+    def texts(self):
+        """Every text that can be seen, with the windows' titles."""
+        found = []
+        for window in self.windows():
+            for node in descendants(window):
+                found.append(node.get_name())
+                if node.get_role() in EDITABLE_ROLES:
+                    found.append(Atspi.Text.get_text(node, 0, -1))
+        return found
+
+    def wait_for_text(self, text):
+        wait_for(text, lambda: any(text in (seen or "") for seen in self.texts()))
+
+    def wait_until_gone(self, text):
+        wait_for(f"{text} gone", lambda: not any(text in (seen or "") for seen in self.texts()))
+
+    def find(self, matches):
+        for window in self.windows():
+            for node in descendants(window):
+                if matches(node):
+                    return node
+        return None
+
+    def wait_for_name(self, name):
+        return wait_for(name, lambda: self.find(lambda node: node.get_name() == name))
+
+    def wait_for_value(self, description, value):
+        """The value that is described so shows this text, sooner or later."""
+        wait_for(f"{description} is {value}", lambda: self.find(
+            lambda node: node.get_description() == description and node.get_name() == value))
+
+    def text_of_box(self, beginning):
+        return wait_for(beginning, lambda: self.find(
+            lambda node: (node.get_name() or "").startswith(beginning))).get_name()
+
+    def settings(self):
+        return pathlib.Path(self.home.name) / "Corvane" / "Corvane.ini"
+
+    def exit_status(self):
+        return self.application.wait(timeout=DEADLINE)
+
+    # Doing.
+
+    def click(self, window, name):
+        """Clicks or toggles what bears this name in the window."""
+        self.window(window)
+        node = self.wait_for_name(name)
+        Atspi.Action.do_action(node, 0)
+
+    def activate(self, title):
+        self.window(title)
+
+        def is_active():
+            xdotool("search", "--onlyvisible", "--name", f"^{title}$", "windowactivate", "%@")
+            return xdotool("getactivewindow", "getwindowname") == title
+        wait_for(f"active window {title}", is_active)
+
+    def press(self, *keys):
+        xdotool("key", "--delay", "30", *keys)
+
+    def type(self, text):
+        for i, line in enumerate(text.split("\n")):
+            if i > 0:
+                self.press("Return")
+            if line:
+                xdotool("type", "--delay", "10", line)
+
+    def answer(self, message, key="Return"):
+        """Reads a message box and closes it."""
+        self.wait_for_text(message)
+        self.press(key)
+        self.wait_until_gone(message)
+
+    def choose_file(self, title, path):
+        self.wait_for_text(title)
+        self.type(str(path))
+        self.press("Return")
+        self.wait_until_gone(title)
+
+
+def main(script):
+    script(sys.argv[1])
+    print("1 passed, 0 failed")
