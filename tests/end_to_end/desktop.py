@@ -1,7 +1,7 @@
 """Drives the desktop application as a person does: on a screen of its own, with the keyboard, and
 reading its windows through the accessibility bus. To be run on a session bus of its own:
 
-    dbus-run-session -- tests/end_to_end/SCRIPT build/dev/bin/corvane
+    tests/end_to_end/on_own_bus tests/end_to_end/SCRIPT build/dev/bin/corvane
 """
 
 import os
@@ -74,8 +74,10 @@ class Desktop:
             os.environ, HOME=self.home.name, XDG_CONFIG_HOME=self.home.name,
             XDG_RUNTIME_DIR=str(runtime), QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
             QT_QPA_PLATFORM="xcb", QT_QPA_PLATFORMTHEME="generic", LC_ALL="C.UTF-8")
-        self._start(["openbox"])
-        wait_for("the window manager", lambda: xdotool("get_desktop") != "")
+        # A window that is mapped while the window manager is still starting may never be seen by it.
+        ready = runtime / "window-manager-is-ready"
+        self._start(["openbox", "--startup", f"touch {ready}"])
+        wait_for("the window manager", ready.exists)
         self.application = self._start([self.executable, *self.arguments])
         self.window("Corvane")
 
