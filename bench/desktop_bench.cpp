@@ -1,6 +1,7 @@
 // How fast a program runs at Extremely Fast while windows show it: beside the engine alone on the
-// same program, in turns, in CPU time of the thread, so that a busy machine does not count. On the
-// display that QT_QPA_PLATFORM names, by default none.
+// same program, in turns, in CPU time of the thread, so that a busy machine does not count. And how
+// long every window takes to show one step. On the display that QT_QPA_PLATFORM names, by default
+// none.
 #include <benchmark/benchmark.h>
 
 #include <QAction>
@@ -109,7 +110,7 @@ struct Speed {
 
 class RunningDesktop {
   public:
-    RunningDesktop(const Program& program, bool withWindows)
+    RunningDesktop(const Program& program, bool withWindows, app::SimulationRate rate)
         : desktop_(CORVANE_SOURCE_DIR "/data/models/", store_, clock_,
                    [](QWidget&) { return std::make_unique<bench::SilentDialogs>(); }) {
         if (!desktop_.StartUp(models::FindModel(program.model))) {
@@ -130,7 +131,7 @@ class RunningDesktop {
             manager->installEventFilter(&managerFrames_);
         }
         desktop_.Main().installEventFilter(&mainFrames_);
-        workbench.Simulation().SetRate(app::SimulationRate::ExtremelyFast);
+        workbench.Simulation().SetRate(rate);
         workbench.Simulation().Start();
         engine_ = workbench.Processor();
     }
@@ -141,6 +142,13 @@ class RunningDesktop {
             RunEngine();
         }
     }
+
+    // One step, and every frame that it makes necessary.
+    void ShowOneStep() {
+        desktop_.Workbench().Simulation().Step();
+        QCoreApplication::processEvents();
+    }
+    int MainFrames() const { return mainFrames_.frames; }
 
     void Report(benchmark::State& state) const {
         const double seconds = Seconds(kDesktopTurn * kTurns).count();
@@ -177,7 +185,7 @@ class RunningDesktop {
     }
 
     void RunEngine() {
-        constexpr std::int64_t kStepsBetweenClockReads = 1024;
+        constexpr std::int64_t kStepsBetweenClockReads = 1021;
         const Seconds start = CpuTime();
         const Clock::time_point end = Clock::now() + kEngineTurn;
         while (Clock::now() < end) {
@@ -201,11 +209,23 @@ class RunningDesktop {
 // The main window alone, or with all viewers, the Microcontroller View, and a Breakpoints Manager
 // that holds the program counter in focus.
 void RunInWindows(benchmark::State& state, const Program& program, bool withWindows) {
-    RunningDesktop running(program, withWindows);
+    RunningDesktop running(program, withWindows, app::SimulationRate::ExtremelyFast);
     while (state.KeepRunning()) {
         running.TakeTurns();
     }
     running.Report(state);
+}
+
+// A step at the timed rates is shown as one at Step By Step.
+void ShowOneStep(benchmark::State& state, const Program& program) {
+    RunningDesktop running(program, true, app::SimulationRate::StepByStep);
+    running.ShowOneStep();
+    const int framesBefore = running.MainFrames();
+    while (state.KeepRunning()) {
+        running.ShowOneStep();
+    }
+    state.counters["main_frames_per_step"] =
+        benchmark::Counter(running.MainFrames() - framesBefore, benchmark::Counter::kAvgIterations);
 }
 
 }  // namespace
@@ -225,6 +245,9 @@ int main(int argc, char* argv[]) {
                 ->Iterations(1)
                 ->Unit(benchmark::kSecond);
         }
+        benchmark::RegisterBenchmark((program.name + "/one_step").c_str(), corvane::ui::ShowOneStep,
+                                     program)
+            ->Unit(benchmark::kMillisecond);
     }
     benchmark::RunSpecifiedBenchmarks();
     return EXIT_SUCCESS;

@@ -12,7 +12,8 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::nanoseconds;
 
-constexpr std::int64_t kStepsBetweenClockReads = 1024;
+// A prime number, so that a loop of so many steps as a power of two is not shown at one point only.
+constexpr std::int64_t kStepsBetweenClockReads = 1021;
 constexpr nanoseconds kFastSlice = milliseconds(8);  // the longest a click waits
 constexpr nanoseconds kRefreshInterval = nanoseconds(1'000'000'000 / 60 + 1);
 

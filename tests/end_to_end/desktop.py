@@ -47,39 +47,38 @@ def xdotool(*arguments):
                           stdout=subprocess.PIPE).stdout.strip()
 
 
-class Desktop:
-    """The running application. Its folders, settings and screen last as long as the object."""
+class Screen:
+    """A screen of its own with a window manager, and a home for settings. All of it lasts as long as
+    the object."""
 
-    def __init__(self, executable, arguments=()):
-        self.executable = executable
-        self.arguments = arguments
+    def __init__(self, size="1400x1000", variables=()):
+        self.size = size
+        self.variables = dict(variables)
         self.processes = []
 
     def __enter__(self):
         self.home = tempfile.TemporaryDirectory(prefix="corvane-")
         self.folder = pathlib.Path(self.home.name) / "programs"
         self.folder.mkdir()
-        runtime = pathlib.Path(self.home.name) / "runtime"
-        runtime.mkdir(mode=0o700)
         try:
-            self._start_application(runtime)
+            self._begin()
         except BaseException:
             self.__exit__()
             raise
         return self
 
-    def _start_application(self, runtime):
+    def _begin(self):
+        runtime = pathlib.Path(self.home.name) / "runtime"
+        runtime.mkdir(mode=0o700)
         self._start_screen()
         self.environment = dict(
             os.environ, HOME=self.home.name, XDG_CONFIG_HOME=self.home.name,
-            XDG_RUNTIME_DIR=str(runtime), QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
-            QT_QPA_PLATFORM="xcb", QT_QPA_PLATFORMTHEME="generic", LC_ALL="C.UTF-8")
+            XDG_RUNTIME_DIR=str(runtime), QT_QPA_PLATFORM="xcb", QT_QPA_PLATFORMTHEME="generic",
+            LC_ALL="C.UTF-8", **self.variables)
         # A window that is mapped while the window manager is still starting may never be seen by it.
         ready = runtime / "window-manager-is-ready"
-        self._start(["openbox", "--startup", f"touch {ready}"])
+        self.start(["openbox", "--startup", f"touch {ready}"])
         wait_for("the window manager", ready.exists)
-        self.application = self._start([self.executable, *self.arguments])
-        self.window("Corvane")
 
     def __exit__(self, *_):
         for process in reversed(self.processes):
@@ -90,17 +89,31 @@ class Desktop:
     def _start_screen(self):
         reader, writer = os.pipe()
         self.processes.append(subprocess.Popen(
-            ["Xvfb", "-displayfd", str(writer), "-screen", "0", "1400x1000x24",
+            ["Xvfb", "-displayfd", str(writer), "-screen", "0", self.size + "x24",
              "-noreset"],  # or the screen begins anew whenever its last client goes
             pass_fds=[writer], stderr=subprocess.DEVNULL))
         os.close(writer)
         with os.fdopen(reader) as numbers:
             os.environ["DISPLAY"] = ":" + numbers.readline().strip()
 
-    def _start(self, command):
+    def start(self, command):
         process = subprocess.Popen(command, env=self.environment, stderr=subprocess.DEVNULL)
         self.processes.append(process)
         return process
+
+
+class Desktop(Screen):
+    """The application, running on a screen of its own."""
+
+    def __init__(self, executable, arguments=(), size="1400x1000", variables=()):
+        super().__init__(size, {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", **dict(variables)})
+        self.executable = executable
+        self.arguments = arguments
+
+    def _begin(self):
+        super()._begin()
+        self.application = self.start([self.executable, *self.arguments])
+        self.window("Corvane")
 
     # Looking.
 
