@@ -5,6 +5,7 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextBlock>
 
 #include "ui/common/window_placement.h"
 #include "ui/desktop_fixture.h"
@@ -17,6 +18,18 @@ using SecondaryWindowsTest = DesktopTest;
 
 std::string MemoryOf(const QWidget& window) {
     return DesktopTest::Child<QPlainTextEdit>(window, "Text1")->toPlainText().toStdString();
+}
+
+// The fields that are set off.
+std::string BoldOf(const QWidget& window) {
+    std::string bold;
+    const auto* text = DesktopTest::Child<QPlainTextEdit>(window, "Text1");
+    for (QTextBlock line = text->document()->begin(); line.isValid(); line = line.next()) {
+        for (const QTextLayout::FormatRange& range : line.layout()->formats()) {
+            bold += line.text().mid(range.start, range.length).toStdString() + " ";
+        }
+    }
+    return bold;
 }
 
 TEST_F(SecondaryWindowsTest, ProgramMemoryViewer) {
@@ -75,9 +88,15 @@ TEST_F(SecondaryWindowsTest, ViewersFollowEachStep) {
     }
     EXPECT_EQ(TextOf(stack, "stekpoint"), "Level 1");
     EXPECT_EQ(MemoryOf(stack).substr(0, 31), "Level 1:  0003h   0000000000011");
+    EXPECT_EQ(BoldOf(stack), "0003h 0000000000011 ") << "what the last step changed";
+    Trigger("menustep");
+    EXPECT_EQ(BoldOf(stack), "");
+    std::string written;
     while (Text("qbrojinst") != "400") {
         Trigger("menustep");
+        written += BoldOf(eeprom);
     }
+    EXPECT_EQ(written, "5A ") << "set off for one step";
     EXPECT_EQ(MemoryOf(eeprom).substr(0, 48), "00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 5A ");
 }
 

@@ -55,6 +55,8 @@ QWidget* BreakpointsManager::MakeSlots() {
         slot = new DataLabel(kAddressColumns);
         slot->setObjectName("prekidlabela[" + QString::number(number) + "]");
         slot->SetMeaning(tr("Breakpoint %1").arg(++number));
+        slot->SetFramed();
+        slot->setAlignment(Qt::AlignCenter);
         addresses->addWidget(slot, 0, Qt::AlignHCenter);
     }
     group->setLayout(addresses);

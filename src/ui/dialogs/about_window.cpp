@@ -7,8 +7,22 @@
 #include <QVBoxLayout>
 
 #include "ui/common/accessible_window.h"
+#include "ui/common/application_icon.h"
 
 namespace corvane::ui {
+
+namespace {
+
+constexpr QSize kIconSize(64, 64);
+
+QLabel* NewIcon() {
+    auto* icon = new QLabel;
+    icon->setPixmap(ApplicationIcon().pixmap(kIconSize, icon->devicePixelRatio()));
+    icon->setAccessibleName(AboutWindow::tr("Icon of Corvane"));
+    return icon;
+}
+
+}  // namespace
 
 AboutWindow::AboutWindow() {
     setObjectName("AboutWindow");
@@ -34,14 +48,19 @@ AboutWindow::AboutWindow() {
     const auto* escape = new QShortcut(Qt::Key_Escape, this);
     connect(escape, &QShortcut::activated, this, &QWidget::close);
 
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(10);
+    for (QLabel* text : {name, version, purpose, licence}) {
+        texts->addWidget(text);
+    }
+    auto* content = new QHBoxLayout;
+    content->setSpacing(20);
+    content->addWidget(NewIcon(), 0, Qt::AlignTop);
+    content->addLayout(texts, 1);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(24, 20, 24, 16);
-    layout->setSpacing(10);
-    layout->addWidget(name);
-    layout->addWidget(version);
-    layout->addWidget(purpose);
-    layout->addWidget(licence);
-    layout->addSpacing(8);
+    layout->addLayout(content);
+    layout->addSpacing(18);
     layout->addWidget(close, 0, Qt::AlignRight);
     resize(420, sizeHint().height());
 }

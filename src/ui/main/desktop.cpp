@@ -42,6 +42,9 @@ Desktop::~Desktop() {
 }
 
 bool Desktop::StartUp(std::optional<int> modelRow) {
+    // Where a message is shown that comes before the window.
+    mainWindow_.resize(mainWindow_.sizeHint());
+    CentreWindow(mainWindow_, *mainWindow_.screen());
     return workbench_.StartUp(modelRow);
 }
 

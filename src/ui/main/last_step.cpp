@@ -3,18 +3,13 @@
 namespace corvane::ui {
 
 void LastStep::Observe(const core::ProcessorState& state) {
-    if (state.clockCycles == now_.clockCycles && state.clockCycles != 0) {
-        return;  // the same step is drawn once more
+    const SinceLastDraw since = watch_.Observe(state);
+    if (since == SinceLastDraw::Nothing) {
+        return;
     }
     before_ = now_;
-    now_ = {.dataMemory = state.dataMemory,
-            .w = state.w,
-            .prescalerCount = state.prescalerCount,
-            .clockCycles = state.clockCycles,
-            .instructionCount = state.instructionCount};
-    // The entry of an interrupt is a step that is no instruction.
-    isOneStep_ = now_.clockCycles > before_.clockCycles && before_.clockCycles > 0 &&
-                 now_.instructionCount - before_.instructionCount <= 1;
+    now_ = {.dataMemory = state.dataMemory, .w = state.w, .prescalerCount = state.prescalerCount};
+    isOneStep_ = since == SinceLastDraw::OneStep;
 }
 
 bool LastStep::HasChanged(int address) const {

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "core/processor_state.h"
+#include "ui/common/step_watch.h"
 
 namespace corvane::ui {
 
@@ -23,10 +24,9 @@ class LastStep {
         std::array<std::uint8_t, models::kDataMemorySize> dataMemory{};
         int w = 0;
         int prescalerCount = 0;
-        std::int64_t clockCycles = 0;
-        std::int64_t instructionCount = 0;
     };
 
+    StepWatch watch_;
     Values before_;
     Values now_;
     bool isOneStep_ = false;

@@ -1,7 +1,6 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
-#include <QIcon>
 #include <QTimer>
 #include <algorithm>
 #include <clocale>
@@ -10,6 +9,7 @@
 #include <string_view>
 
 #include "models/catalogue.h"
+#include "ui/common/application_icon.h"
 #include "ui/common/ini_settings_store.h"
 #include "ui/common/qt_dialogs.h"
 #include "ui/main/application_folder.h"
@@ -71,14 +71,6 @@ Options ParseOptions() {
     return options;
 }
 
-QIcon ApplicationIcon() {
-    QIcon icon;
-    for (const int size : {32, 64, 128}) {
-        icon.addFile(QStringLiteral(":/icons/corvane-%1.png").arg(size));
-    }
-    return icon;
-}
-
 }  // namespace
 
 int main(int argc, char* argv[]) {
@@ -104,7 +96,7 @@ int main(int argc, char* argv[]) {
     if (!desktop.StartUp(options.modelRow)) {
         return EXIT_FAILURE;
     }
-    QApplication::setWindowIcon(ApplicationIcon());
+    QApplication::setWindowIcon(corvane::ui::ApplicationIcon());
     desktop.Show();
     // A message about a file comes when the window is there.
     QTimer::singleShot(0, &desktop.Main(), [&] {

@@ -37,8 +37,11 @@ EepromMemoryViewer::EepromMemoryViewer(app::Workbench& workbench)
 
     auto* grid = new QGridLayout;
     grid->addWidget(columnHeading, 0, 1);
-    grid->addWidget(rowHeading, 1, 0);
-    grid->addWidget(text_, 1, 1);
+    auto* besideText = new QVBoxLayout;  // the text's lines begin below its frame
+    besideText->setContentsMargins(0, text_->frameWidth(), 0, 0);
+    besideText->addWidget(rowHeading);
+    grid->addLayout(besideText, 1, 0, Qt::AlignTop);
+    grid->addWidget(text_, 1, 1, Qt::AlignTop);
     auto* layout = new QVBoxLayout(this);
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addLayout(grid);
@@ -49,8 +52,8 @@ EepromMemoryViewer::EepromMemoryViewer(app::Workbench& workbench)
 }
 
 void EepromMemoryViewer::eepromprint() {
-    text_->ShowText(
-        app::EepromText(Workbench().Processor().state, Workbench().Model().eepromBytes));
+    const core::ProcessorState& state = Workbench().Processor().state;
+    text_->ShowText(app::EepromText(state, Workbench().Model().eepromBytes), watch_.Observe(state));
 }
 
 }  // namespace corvane::ui

@@ -18,6 +18,7 @@ class EepromMemoryViewer final : public SecondaryWindow {
     void eepromprint();
 
     MemoryText* text_;
+    StepWatch watch_;
 };
 
 }  // namespace corvane::ui

@@ -44,8 +44,14 @@ HardwareStackViewer::HardwareStackViewer(app::Workbench& workbench)
 
 void HardwareStackViewer::stekprint() {
     const core::ProcessorState& state = Workbench().Processor().state;
-    text_->ShowText(app::StackText(state));
-    stackPointer_->ShowText(app::StackPointerText(state));
+    const SinceLastDraw since = watch_.Observe(state);
+    text_->ShowText(app::StackText(state), since);
+    const std::string pointer = app::StackPointerText(state);
+    if (since != SinceLastDraw::Nothing) {
+        stackPointer_->Emphasize(since == SinceLastDraw::OneStep &&
+                                 stackPointer_->text().toStdString() != pointer);
+    }
+    stackPointer_->ShowText(pointer);
 }
 
 }  // namespace corvane::ui

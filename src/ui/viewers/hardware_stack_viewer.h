@@ -20,6 +20,7 @@ class HardwareStackViewer final : public SecondaryWindow {
 
     DataLabel* stackPointer_;
     MemoryText* text_;
+    StepWatch watch_;
 };
 
 }  // namespace corvane::ui

@@ -9,6 +9,36 @@
 
 namespace corvane::ui {
 
+namespace {
+
+using Formats = QList<QTextLayout::FormatRange>;
+
+// Bold for the fields, which blanks separate, that are not the same in a line of the same form.
+Formats ChangedFields(const QString& before, const QString& now) {
+    Formats formats;
+    qsizetype start = 0;
+    for (const QString& field : now.split(QLatin1Char(' '))) {
+        if (before.mid(start, field.size()) != field) {
+            QTextLayout::FormatRange range{.start = static_cast<int>(start),
+                                           .length = static_cast<int>(field.size()),
+                                           .format = {}};
+            range.format.setFontWeight(QFont::Bold);
+            formats.append(range);
+        }
+        start += field.size() + 1;
+    }
+    return formats;
+}
+
+void SetFormats(QTextDocument& document, const QTextBlock& block, const Formats& formats) {
+    if (block.layout()->formats() != formats) {
+        block.layout()->setFormats(formats);
+        document.markContentsDirty(block.position(), block.length());
+    }
+}
+
+}  // namespace
+
 MemoryText::MemoryText(int columns, int lines) {
     setFont(DataFont());
     setReadOnly(true);
@@ -23,7 +53,7 @@ MemoryText::MemoryText(int columns, int lines) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
-void MemoryText::ShowText(const std::string& text) {
+void MemoryText::ShowText(const std::string& text, SinceLastDraw since) {
     const QStringList lines = QString::fromStdString(text).split(QStringLiteral("\r\n"));
     if (document()->blockCount() != lines.size()) {
         setPlainText(lines.join(QLatin1Char('\n')));
@@ -31,10 +61,15 @@ void MemoryText::ShowText(const std::string& text) {
     }
     QTextBlock block = document()->firstBlock();
     for (const QString& line : lines) {
-        if (block.text() != line) {
+        const QString before = block.text();
+        if (before != line) {
             QTextCursor cursor(block);
             cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
             cursor.insertText(line);
+        }
+        if (since != SinceLastDraw::Nothing) {
+            SetFormats(*document(), block,
+                       since == SinceLastDraw::OneStep ? ChangedFields(before, line) : Formats());
         }
         block = block.next();
     }

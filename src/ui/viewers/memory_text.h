@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "ui/common/step_watch.h"
+
 namespace corvane::ui {
 
 class MemoryText : public QPlainTextEdit {
@@ -15,8 +17,9 @@ class MemoryText : public QPlainTextEdit {
     // As large as this many lines of this many characters.
     MemoryText(int columns, int lines);
 
-    // Lines are separated by CR LF. Touches the lines that differ.
-    void ShowText(const std::string& text);
+    // Lines are separated by CR LF. Touches the lines that differ. Fields that differ after one
+    // step are set off until the next.
+    void ShowText(const std::string& text, SinceLastDraw since = SinceLastDraw::Other);
 
     QSize sizeHint() const override { return size_; }
     QSize minimumSizeHint() const override { return size_; }

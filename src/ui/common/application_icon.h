@@ -1,0 +1,10 @@
+// The icon that stands for the application in task bars and in its About window.
+#pragma once
+
+#include <QIcon>
+
+namespace corvane::ui {
+
+QIcon ApplicationIcon();
+
+}  // namespace corvane::ui
