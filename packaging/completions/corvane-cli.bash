@@ -36,11 +36,12 @@ _corvane_cli() {
     local general="-m --model --model-dir --help"
     case $command in
         "") mapfile -t COMPREPLY < <(compgen -W "$commands --help --version" -- "$current") ;;
-        assemble) _corvane_cli_arguments "$general -o -l --config" asm ;;
-        compile) _corvane_cli_arguments "$general -o --clock" bas ;;
-        format) _corvane_cli_arguments "$general -i" bas ;;
-        build) _corvane_cli_arguments "$general -o --config --clock" '@(asm|bas)' ;;
-        disassemble) _corvane_cli_arguments "$general -o --no-opcodes" hex ;;
+        models) mapfile -t COMPREPLY < <(compgen -W "$general" -- "$current") ;;
+        assemble) _corvane_cli_arguments "$general -o --output -l --listing --config" asm ;;
+        compile) _corvane_cli_arguments "$general -o --output --clock" bas ;;
+        format) _corvane_cli_arguments "$general -i --in-place" bas ;;
+        build) _corvane_cli_arguments "$general -o --output --config --clock" '@(asm|bas)' ;;
+        disassemble) _corvane_cli_arguments "$general -o --output --no-opcodes" hex ;;
         run)
             _corvane_cli_arguments "$general -n --steps -c --cycles -b --break -s --stimulus
                 -t --trace --state -q --quiet --clock --eeprom-write-time --ad-conversion-time" \
