@@ -4,36 +4,20 @@
 #include <map>
 #include <sstream>
 #include <stdexcept>
-#include <utility>
 
 #include "common/number_text.h"
-#include "core/model_descriptions.h"
 #include "core/simulation_control.h"
-#include "core/state_difference.h"
+#include "core/state_fields.h"
 #include "disasm/decoder.h"
 #include "isa/instruction_set.h"
+#include "shipped_files.h"
 
 namespace corvane::core {
 
-namespace {
-
-constexpr std::size_t kInstructionsShown = 8;
-
-std::map<std::string, std::uint16_t, std::less<>> WordsOfTexts() {
-    std::map<std::string, std::uint16_t, std::less<>> words;
-    for (int word = 0; word < isa::kWordCount; ++word) {
-        words.emplace(disasm::DecodeInstruction(word), static_cast<std::uint16_t>(word));
-    }
-    return words;
-}
-
-}  // namespace
-
 EnginePair::EnginePair(const models::Model& model)
     : chip_{.model = &model, .description = DescriptionOf(model)},
-      plainEngine_(chip_, plainState_),
       processor_(MakeProcessor(model, chip_.description)) {
-    plainEngine_.Clean();
+    plain::Clean(chip_, plainState_);
 }
 
 void EnginePair::SetTimes(int eepromWriteTime, int adConversionTime) {
@@ -48,7 +32,7 @@ void EnginePair::Load(std::span<const std::uint16_t> words) {
 }
 
 void EnginePair::Start() {
-    plainEngine_.Start();
+    plain::Start(chip_, plainState_);
     StartSimulation(processor_);
     history_.clear();
     steps_ = 0;
@@ -60,8 +44,9 @@ void EnginePair::Step() {
 }
 
 void EnginePair::PlainStep() {
+    constexpr std::size_t kInstructionsShown = 8;
     const int address = plainState_.pc;
-    plainEngine_.ExecuteStep();
+    plain::ExecuteStep(chip_, plainState_);
     history_.push_back(common::Hex4(address) + " " + LastInstructionText(plainState_));
     if (history_.size() > kInstructionsShown) {
         history_.pop_front();
@@ -70,12 +55,12 @@ void EnginePair::PlainStep() {
 }
 
 void EnginePair::Toggle(Pin pin, bool simulationRunning) {
-    plainEngine_.TogglePin(pin, simulationRunning);
+    plain::TogglePin(chip_, plainState_, pin, simulationRunning);
     TogglePin(processor_, pin, simulationRunning);
 }
 
 void EnginePair::SetAnalog(int channel, int value) {
-    plainEngine_.AcceptAnalogValue(channel, value);
+    plain::AcceptAnalogValue(chip_, plainState_, channel, value);
     SetAnalogValue(processor_, channel, value);
 }
 
@@ -92,25 +77,39 @@ void EnginePair::SetBreakpoints(std::span<const int> addresses) {
 std::string EnginePair::Report() const {
     std::ostringstream report;
     report << chip_.model->name << ", step " << steps_ << " of the program, EEPROM write time "
-           << chip_.eepromWriteTime << ", A/D conversion time " << chip_.adConversionTime << "\n"
-           << Difference(plainState_, processor_.state) << "the last steps:\n";
+           << chip_.eepromWriteTime << ", A/D conversion time " << chip_.adConversionTime << "\n";
+    std::map<std::string, std::int64_t> plainFields;
+    ForEachField(plainState_, [&](const std::string& name, auto value) {
+        plainFields[name] = static_cast<std::int64_t>(value);
+    });
+    ForEachField(processor_.state, [&](const std::string& name, auto value) {
+        const auto fast = static_cast<std::int64_t>(value);
+        if (plainFields[name] != fast) {
+            report << name << ": plain " << plainFields[name] << ", fast " << fast << "\n";
+        }
+    });
+    report << (plainState_.programMemory == processor_.state.programMemory ? ""
+                                                                           : "program memory\n")
+           << "the last steps:\n";
     for (const std::string& line : history_) {
         report << "  " << line << "\n";
     }
     return report.str();
 }
 
-const models::Model& ModelNamed(std::string_view name) {
-    return models::kModelCatalogue.at(static_cast<std::size_t>(models::FindModel(name).value()));
-}
-
-std::vector<std::uint16_t> Words(std::initializer_list<std::string_view> texts) {
-    static const auto kWords = WordsOfTexts();
+std::vector<std::uint16_t> Words(const std::vector<std::string>& texts) {
+    static const auto kWords = [] {
+        std::map<std::string, std::uint16_t> words;
+        for (int word = 0; word < isa::kWordCount; ++word) {
+            words.emplace(disasm::DecodeInstruction(word), static_cast<std::uint16_t>(word));
+        }
+        return words;
+    }();
     std::vector<std::uint16_t> words;
-    for (const std::string_view text : texts) {
+    for (const std::string& text : texts) {
         const auto found = kWords.find(text);
         if (found == kWords.end()) {
-            throw std::invalid_argument("no instruction: " + std::string(text));
+            throw std::invalid_argument("no instruction: " + text);
         }
         words.push_back(found->second);
     }

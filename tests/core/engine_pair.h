@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
-#include <initializer_list>
 #include <span>
 #include <string>
 #include <string_view>
@@ -20,8 +19,6 @@ namespace corvane::core {
 class EnginePair {
   public:
     explicit EnginePair(const models::Model& model);
-    EnginePair(const EnginePair&) = delete;
-    EnginePair& operator=(const EnginePair&) = delete;
 
     void SetTimes(int eepromWriteTime, int adConversionTime);
     void Load(std::span<const std::uint16_t> words);
@@ -37,9 +34,9 @@ class EnginePair {
     void SetBreakpoints(std::span<const int> addresses);
 
     const plain::Chip& chip() const { return chip_; }
-    const ProcessorState& plainState() const { return plainState_; }
-    const ProcessorState& fastState() const { return processor_.state; }
+    const ProcessorState& state() const { return plainState_; }
     std::int64_t steps() const { return steps_; }  // since Start
+    bool AreEqual() const { return plainState_ == processor_.state; }
 
     // Model, place, differing fields and the last instructions.
     std::string Report() const;
@@ -47,16 +44,12 @@ class EnginePair {
   private:
     plain::Chip chip_;
     ProcessorState plainState_;
-    plain::Engine plainEngine_;
     Processor processor_;
     std::deque<std::string> history_;
     std::int64_t steps_ = 0;
 };
 
-// The catalogue's row of this name.
-const models::Model& ModelNamed(std::string_view name);
-
 // The words of which these are the decoded texts; of several words the lowest.
-std::vector<std::uint16_t> Words(std::initializer_list<std::string_view> texts);
+std::vector<std::uint16_t> Words(const std::vector<std::string>& texts);
 
 }  // namespace corvane::core
