@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QClipboard>
 #include <QDropEvent>
 #include <QGroupBox>
 #include <QMimeData>
@@ -46,7 +47,7 @@ class AssemblerWindowTest : public SourceWindowTest<AssemblerWindow> {
         folder.Write(name, text);
         ChooseFile("menuopen", name);
     }
-    OutputPane& Output() { return dynamic_cast<OutputPane&>(Pane("RichTextBox2")); }
+    OutputPane& Output() { return *window->findChild<OutputPane*>("RichTextBox2"); }
     int CaretLine() { return Source().textCursor().blockNumber() + 1; }
 };
 
@@ -128,8 +129,8 @@ TEST_F(AssemblerWindowTest, AssemblesWhatWasTypedIntoHexAndListing) {
     EXPECT_EQ(person->Shown(), Texts{});
     EXPECT_EQ(folder.Read("blink.hex"),
               ":06000000831686010228B0\r\n:02400E00F13F80\r\n:00000001FF\r\n");
-    EXPECT_EQ(common::WithCrLf(Output().toPlainText().toStdString()), folder.Read("blink.lst"));
-    EXPECT_TRUE(Output().textCursor().atEnd());
+    EXPECT_EQ(Output().Text().toStdString(), folder.Read("blink.lst"));
+    EXPECT_EQ(Output().currentIndex().data(), "Number of errors = 0");
     EXPECT_TRUE(window->findChild<QAction*>("menuassemble")->isEnabled());
     EXPECT_FALSE(window->findChild<QGroupBox*>("Frame1")->isVisible());
 }
@@ -143,7 +144,8 @@ TEST_F(AssemblerWindowTest, LeadsToTheErrorsOfAFailedAssembly) {
                                      "Your assembler source contains 2 errors."});
     EXPECT_EQ(folder.Read("bad.hex"), kNoFile);
     EXPECT_EQ(folder.Read("bad.lst"), kNoFile);
-    EXPECT_EQ(LineOf(Output(), 7).substr(0, 37), "0002 Error: Unrecognized instruction.");
+    const QModelIndex message = Output().model()->index(6, 0);
+    EXPECT_TRUE(message.data().toString().startsWith("0002 Error: Unrecognized instruction."));
 
     Choose("menunexterror");
     EXPECT_EQ(CaretLine(), 2);
@@ -154,10 +156,13 @@ TEST_F(AssemblerWindowTest, LeadsToTheErrorsOfAFailedAssembly) {
     Choose("menupreviouserror");
     EXPECT_EQ(CaretLine(), 4);
 
-    const QTextCursor message(Output().document()->findBlockByNumber(6));
+    Output().scrollTo(message);
     QTest::mouseClick(Output().viewport(), Qt::LeftButton, {},
-                      Output().cursorRect(message).center());
+                      Output().visualRect(message).center());
     EXPECT_EQ(CaretLine(), 2);
+    Output().setCurrentIndex(message);
+    QTest::keyClick(&Output(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), message.data().toString() + "\n");
 
     Type("nop ;");
     Choose("menunexterror");
@@ -173,7 +178,7 @@ TEST_F(AssemblerWindowTest, WarnsWhenTheProgramDoesNotFitTheChip) {
     Open("far.asm", "  org 0x400\r\n  nop\r\n  sleep\r\n");
     Choose("menuassemble");
     EXPECT_EQ(person->Shown(), Texts{});
-    EXPECT_NE(Output().toPlainText().indexOf("Warning in line 2: The program does not fit"), -1);
+    EXPECT_NE(Output().Text().indexOf("Warning in line 2: The program does not fit"), -1);
     Choose("menunexterror");
     EXPECT_EQ(CaretLine(), 2);
 }

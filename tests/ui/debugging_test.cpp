@@ -2,6 +2,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
+#include "ui/asm/output_pane.h"
 #include "ui/debugging_fixture.h"
 
 namespace corvane::ui {
@@ -20,8 +21,8 @@ TEST_F(DebuggingTest, AnExampleFromItsSourceToSleep) {
     Child<QAction>(assembler, "menuopen")->trigger();
     ASSERT_TRUE(WaitFor([&] { return assembler.windowTitle().endsWith("deep_calls.asm"); }));
     Child<QAction>(assembler, "menuassemble")->trigger();
-    const auto* output = Child<QPlainTextEdit>(assembler, "RichTextBox2");
-    ASSERT_TRUE(WaitFor([=] { return output->toPlainText().endsWith("Number of errors = 0\n"); }));
+    const auto* output = Child<OutputPane>(assembler, "RichTextBox2");
+    ASSERT_TRUE(WaitFor([=] { return output->Text().endsWith("Number of errors = 0\r\n"); }));
     assembler.close();
 
     dialogs->texts = {folder.path + "deep_calls.hex"};

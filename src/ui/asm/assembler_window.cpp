@@ -43,10 +43,6 @@ SourceLanguage AssemblerLanguage() {
                 }};
 }
 
-int LineCount(std::string_view text) {
-    return static_cast<int>(std::count(text.begin(), text.end(), '\n'));
-}
-
 }  // namespace
 
 AssemblerWindow::AssemblerWindow(app::Workbench& workbench, const DialogsFactory& makeDialogs)
@@ -144,12 +140,13 @@ void AssemblerWindow::Assemble() {
         return;
     }
     TextReplaced();
-    if (!Save()) {
+    const std::optional<std::string> text = Save();
+    if (!text) {
         return;
     }
     app::AssemblyRun run;
     RunTranslation([&](const common::ProgressCallback& progress) {
-        run = app::AssembleSource(Workbench(), Dialogs(), File(), TextInFile(), progress);
+        run = app::AssembleSource(Workbench(), Dialogs(), File(), *text, progress);
     });
     if (IsClosing()) {
         return;
@@ -164,7 +161,7 @@ void AssemblerWindow::ShowOutput(const app::AssemblyRun& run) {
         links.push_back({error.listingLine, error.sourceLine});
     }
     std::string text = run.assembly.listing;
-    int line = LineCount(text);
+    auto line = static_cast<int>(std::count(text.begin(), text.end(), '\n'));
     for (const assembler::Warning& warning : run.warnings) {
         text += "Warning in line " + std::to_string(warning.lineNumber) + ": " + warning.message +
                 "\r\n";
@@ -172,7 +169,7 @@ void AssemblerWindow::ShowOutput(const app::AssemblyRun& run) {
     }
     nextError_->setEnabled(!links.empty());
     previousError_->setEnabled(!links.empty());
-    output_->ShowOutput(QtString(common::WithLf(text)), std::move(links));
+    output_->ShowOutput(QtString(text), std::move(links));
 }
 
 void AssemblerWindow::ShowSourceLine(int line) {
@@ -181,8 +178,9 @@ void AssemblerWindow::ShowSourceLine(int line) {
 }
 
 void AssemblerWindow::PrintOutput() {
-    if (File().IsReady(output_->document()->isEmpty())) {
-        Print(QString::fromStdString(app::WithExtension(File().Name(), ".lst")), *output_);
+    if (File().IsReady(output_->IsEmpty())) {
+        Print(QString::fromStdString(app::WithExtension(File().Name(), ".lst")), output_->Text(),
+              output_->font());
     }
 }
 

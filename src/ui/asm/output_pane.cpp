@@ -1,8 +1,11 @@
 #include "ui/asm/output_pane.h"
 
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QTextBlock>
+#include <QStyledItemDelegate>
 #include <algorithm>
 #include <utility>
 
@@ -11,121 +14,150 @@
 
 namespace corvane::ui {
 
-namespace {
+// A link looks like one, and the one that was followed last is marked.
+class OutputPane::LineDelegate final : public QStyledItemDelegate {
+  public:
+    explicit LineDelegate(OutputPane& pane) : QStyledItemDelegate(&pane), pane_(&pane) {}
 
-bool IsBefore(const OutputLink& link, int line) {
-    return link.outputLine < line;
-}
+    // The same for every line, so that the view need not ask for each.
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override {
+        const int margins = 2 * (pane_->style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1);
+        const int width = option.fontMetrics.horizontalAdvance(u'0') * pane_->lines_.LongestLine();
+        return {width + margins, option.fontMetrics.height()};
+    }
 
-}  // namespace
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (pane_->LinkAt(index) == nullptr) {
+            return;
+        }
+        QPalette& palette = option->palette;
+        palette.setColor(QPalette::Text, palette.color(QPalette::Link));
+        option->font.setUnderline(true);
+        option->text = QStringView(option->text).trimmed().toString();
+        if (pane_->followedLine_ == index.row() + 1) {
+            option->backgroundBrush =
+                Tinted(palette.color(QPalette::Base), palette.color(QPalette::Highlight), 0.25);
+        }
+    }
 
-OutputPane::OutputPane(QWidget* parent) : QPlainTextEdit(parent) {
+  private:
+    OutputPane* pane_;
+};
+
+OutputPane::OutputPane(QWidget* parent) : QListView(parent) {
     setFont(DataFont());
-    setLineWrapMode(QPlainTextEdit::NoWrap);
-    setReadOnly(true);
-    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    setUndoRedoEnabled(false);
-    viewport()->setMouseTracking(true);
+    setModel(&lines_);
+    setItemDelegate(new LineDelegate(*this));
+    setUniformItemSizes(true);
+    setTextElideMode(Qt::ElideNone);
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(ExtendedSelection);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setMouseTracking(true);
+    setContextMenuPolicy(Qt::ActionsContextMenu);
+    connect(addAction(tr("&Copy")), &QAction::triggered, this, &OutputPane::CopySelection);
+    connect(addAction(tr("Select &All")), &QAction::triggered, this, &OutputPane::selectAll);
 }
 
 void OutputPane::ShowOutput(const QString& text, std::vector<OutputLink> links) {
-    links_ = std::move(links);
     followedLine_.reset();
-    setPlainText(text);
-    moveCursor(QTextCursor::End);
-    MarkLinks();
+    lines_.SetText(text, std::move(links));
+    const QModelIndex last = lines_.index(lines_.rowCount() - 1);
+    selectionModel()->setCurrentIndex(last, QItemSelectionModel::NoUpdate);
+    scrollToBottom();
 }
 
 void OutputPane::Clear() {
     ShowOutput(QString(), {});
 }
 
-const OutputLink* OutputPane::LinkAt(const QTextCursor& position) const {
-    const int line = position.blockNumber() + 1;
-    const auto found = std::lower_bound(links_.begin(), links_.end(), line, IsBefore);
-    return found != links_.end() && found->outputLine == line ? &*found : nullptr;
+void OutputPane::CopySelection() {
+    QModelIndexList selected = selectedIndexes();
+    std::sort(selected.begin(), selected.end());
+    QString text;
+    for (const QModelIndex& index : selected) {
+        text += lines_.Line(index.row()) + u'\n';
+    }
+    if (!text.isEmpty()) {
+        QGuiApplication::clipboard()->setText(text);
+    }
+}
+
+const OutputLink* OutputPane::LinkAt(const QModelIndex& index) const {
+    return index.isValid() ? lines_.LinkAt(index.row()) : nullptr;
 }
 
 void OutputPane::FollowNext() {
-    if (links_.empty()) {
+    const std::vector<OutputLink>& links = lines_.Links();
+    if (links.empty()) {
         return;
     }
     const int line = followedLine_.value_or(0);
-    const auto next = std::lower_bound(links_.begin(), links_.end(), line + 1, IsBefore);
-    Follow(next != links_.end() ? *next : links_.front());
+    const auto next = std::find_if(links.begin(), links.end(),
+                                   [=](const OutputLink& link) { return link.outputLine > line; });
+    Follow(next != links.end() ? *next : links.front());
 }
 
 void OutputPane::FollowPrevious() {
-    if (links_.empty()) {
+    const std::vector<OutputLink>& links = lines_.Links();
+    if (links.empty()) {
         return;
     }
     const int line = followedLine_.value_or(0);
-    const auto next = std::lower_bound(links_.begin(), links_.end(), line, IsBefore);
-    Follow(next != links_.begin() ? *std::prev(next) : links_.back());
+    const auto previous = std::find_if(links.rbegin(), links.rend(), [=](const OutputLink& link) {
+        return link.outputLine < line;
+    });
+    Follow(previous != links.rend() ? *previous : links.back());
 }
 
 void OutputPane::Follow(const OutputLink& link) {
-    const int outputLine = link.outputLine;
     const int sourceLine = link.sourceLine;
-    followedLine_ = outputLine;
-    setTextCursor(QTextCursor(document()->findBlockByNumber(outputLine - 1)));
-    ensureCursorVisible();
-    MarkLinks();
+    followedLine_ = link.outputLine;
+    const QModelIndex index = lines_.index(link.outputLine - 1);
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::Clear);
+    scrollTo(index, PositionAtCenter);  // the source line stands above the message
+    viewport()->update();
     emit LinkFollowed(sourceLine);
 }
 
-// A link looks like one, and the one that was followed last is marked.
-void OutputPane::MarkLinks() {
-    QList<QTextEdit::ExtraSelection> selections;
-    for (const OutputLink& link : links_) {
-        QTextEdit::ExtraSelection selection;
-        selection.cursor = QTextCursor(document()->findBlockByNumber(link.outputLine - 1));
-        if (followedLine_ == link.outputLine) {
-            selection.format.setBackground(Tinted(palette().color(QPalette::Base),
-                                                  palette().color(QPalette::Highlight), 0.25));
-            selection.format.setProperty(QTextFormat::FullWidthSelection, true);
-            selections.append(selection);
-            selection.format = QTextCharFormat();
-        }
-        selection.format.setForeground(palette().color(QPalette::Link));
-        selection.format.setFontUnderline(true);
-        const QTextBlock line = selection.cursor.block();
-        const qsizetype length = QStringView(line.text()).trimmed().size();
-        selection.cursor.setPosition(line.position() + static_cast<int>(length),
-                                     QTextCursor::KeepAnchor);
-        selections.append(selection);
-    }
-    setExtraSelections(selections);
-}
-
 void OutputPane::mouseMoveEvent(QMouseEvent* event) {
-    const bool isOnLink = LinkAt(cursorForPosition(event->pos())) != nullptr;
-    viewport()->setCursor(isOnLink ? Qt::PointingHandCursor : Qt::IBeamCursor);
-    QPlainTextEdit::mouseMoveEvent(event);
+    const bool isOnLink = LinkAt(indexAt(event->pos())) != nullptr;
+    viewport()->setCursor(isOnLink ? Qt::PointingHandCursor : Qt::ArrowCursor);
+    QListView::mouseMoveEvent(event);
 }
 
 void OutputPane::mouseReleaseEvent(QMouseEvent* event) {
-    QPlainTextEdit::mouseReleaseEvent(event);
-    const OutputLink* link = LinkAt(cursorForPosition(event->pos()));
-    if (event->button() == Qt::LeftButton && link != nullptr && !textCursor().hasSelection()) {
+    QListView::mouseReleaseEvent(event);
+    const OutputLink* link = LinkAt(indexAt(event->pos()));
+    const bool isClick = event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier;
+    if (isClick && link != nullptr && selectedIndexes().size() <= 1) {
         Follow(*link);
     }
+}
+
+// While the pane has the focus, these keys are not the editor's.
+bool OutputPane::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto& key = dynamic_cast<QKeyEvent&>(*event);
+        if (key.matches(QKeySequence::Copy) || key.matches(QKeySequence::SelectAll)) {
+            event->accept();
+            return true;
+        }
+    }
+    return QListView::event(event);
 }
 
 void OutputPane::keyPressEvent(QKeyEvent* event) {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    const OutputLink* link = LinkAt(textCursor());
-    if (isEnter && link != nullptr) {
+    const OutputLink* link = LinkAt(currentIndex());
+    if (event->matches(QKeySequence::Copy)) {
+        CopySelection();
+    } else if (isEnter && link != nullptr) {
         Follow(*link);
     } else {
-        QPlainTextEdit::keyPressEvent(event);
-    }
-}
-
-void OutputPane::changeEvent(QEvent* event) {
-    QPlainTextEdit::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange) {
-        MarkLinks();
+        QListView::keyPressEvent(event);
     }
 }
 

@@ -2,28 +2,27 @@
 // after the other.
 #pragma once
 
-#include <QPlainTextEdit>
+#include <QListView>
 #include <optional>
 #include <vector>
 
+#include "ui/asm/output_lines.h"
+
 namespace corvane::ui {
 
-struct OutputLink {
-    int outputLine;  // both count from 1
-    int sourceLine;
-};
-
-class OutputPane final : public QPlainTextEdit {
+// A list, not a text editor: filling an editor with a long listing takes longer than assembling.
+class OutputPane final : public QListView {
     Q_OBJECT
   public:
     explicit OutputPane(QWidget* parent = nullptr);
 
-    // The caret stands at the text's end. The links are in order of their output lines.
+    // The last line becomes the current one. The links are in order of their output lines.
     void ShowOutput(const QString& text, std::vector<OutputLink> links);
     void Clear();
-    bool HasLinks() const { return !links_.empty(); }
+    bool IsEmpty() const { return lines_.Text().isEmpty(); }
+    const QString& Text() const { return lines_.Text(); }
 
-    // The link after, or before, the caret's line; behind the last one comes the first.
+    // The link after, or before, the one followed last; behind the last one comes the first.
     void FollowNext();
     void FollowPrevious();
 
@@ -31,17 +30,19 @@ class OutputPane final : public QPlainTextEdit {
     void LinkFollowed(int sourceLine);
 
   protected:
+    bool event(QEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
   private:
-    const OutputLink* LinkAt(const QTextCursor& position) const;
-    void Follow(const OutputLink& link);
-    void MarkLinks();
+    class LineDelegate;
 
-    std::vector<OutputLink> links_;
+    void CopySelection();
+    const OutputLink* LinkAt(const QModelIndex& index) const;
+    void Follow(const OutputLink& link);
+
+    OutputLines lines_;
     std::optional<int> followedLine_;
 };
 

@@ -60,12 +60,16 @@ void BasicWindow::Opened() {
 }
 
 void BasicWindow::Compile() {
-    if (!IsReady() || !Save()) {
+    if (!IsReady()) {
+        return;
+    }
+    const std::optional<std::string> text = Save();
+    if (!text) {
         return;
     }
     std::optional<basic::LineMessage> error;
     RunTranslation([&](const common::ProgressCallback& progress) {
-        error = app::CompileSource(Workbench(), Dialogs(), File(), TextInFile(), progress);
+        error = app::CompileSource(Workbench(), Dialogs(), File(), *text, progress);
     });
     if (error) {
         Editor().GoToLine(error->lineNumber);

@@ -60,6 +60,7 @@ class SourceEditor final : public NumberedEditor {
     void LeaveEditedLine();
     void FollowCaret();
     void Select(int anchor, int position);
+    void FormLines(QTextCursor& writer) const;
     void FormLine(const QTextBlock& line, QTextCursor& writer) const;
     QTextCursor BeginFollowUp();
 

@@ -68,7 +68,7 @@ void SourceWindow::MakeFileMenu() {
         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
     const auto print = [this] {
         if (IsReady()) {
-            Print(QString::fromStdString(file_.Name()), *editor_);
+            Print(QString::fromStdString(file_.Name()), editor_->toPlainText(), editor_->font());
         }
     };
     AddCommand(*fileMenu_, "menuprint", tr("&Print"), print, QKeySequence::Print);
@@ -108,31 +108,26 @@ void SourceWindow::ShowFile(const std::optional<std::string>& bytes) {
     ShowCaption();
 }
 
-std::string SourceWindow::TextInFile() const {
+std::string SourceWindow::FormedText() {
+    editor_->FormWholeText();
+    TextFormed();
     return EncodedText(editor_->Text(), encoding_);
 }
 
-app::TextToSave SourceWindow::FormedText() {
-    return [this] {
-        editor_->FormWholeText();
-        TextFormed();
-        return TextInFile();
-    };
-}
-
-bool SourceWindow::Save() {
-    const bool isSaved = file_.Save(FormedText());
+std::optional<std::string> SourceWindow::Save() {
+    std::string text;
+    const bool isSaved = file_.Save([&] { return text = FormedText(); });
     ShowCaption();
-    return isSaved;
+    return isSaved ? std::optional(std::move(text)) : std::nullopt;
 }
 
 void SourceWindow::SaveAs() {
-    file_.SaveAs(FormedText());
+    file_.SaveAs([this] { return FormedText(); });
     ShowCaption();
 }
 
-void SourceWindow::Print(const QString& title, const QPlainTextEdit& pane) {
-    PrintText(choosePrinter_, title, pane.toPlainText(), pane.font());
+void SourceWindow::Print(const QString& title, const QString& text, const QFont& font) {
+    PrintText(choosePrinter_, title, text, font);
 }
 
 void SourceWindow::RunTranslation(

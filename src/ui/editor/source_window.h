@@ -4,6 +4,8 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
+#include <string>
 
 #include "app/source_file.h"
 #include "common/progress.h"
@@ -46,9 +48,9 @@ class SourceWindow : public SecondaryWindow {
 
     // "Please save the file first.", "The editor is empty."; false after a message.
     bool IsReady() { return file_.IsReady(editor_->IsEmpty()); }
-    bool Save();
-    std::string TextInFile() const;  // the text as it is saved
-    void Print(const QString& title, const QPlainTextEdit& pane);
+    // The text as it has been saved; nothing when it was not, after a message.
+    std::optional<std::string> Save();
+    void Print(const QString& title, const QString& text, const QFont& font);
 
     // Runs a translation with the menus disabled and the text read-only. The window stays alive:
     // pending events are let in now and then, and a close waits until the translation is done.
@@ -74,7 +76,7 @@ class SourceWindow : public SecondaryWindow {
     void SaveAs();
     void ShowFile(const std::optional<std::string>& bytes);
     void ShowCaption();
-    app::TextToSave FormedText();
+    std::string FormedText();
 
     std::unique_ptr<app::Dialogs> dialogs_;
     app::SourceFile file_;
