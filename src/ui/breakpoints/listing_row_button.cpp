@@ -45,6 +45,7 @@ ListingRowButton::ListingRowButton(int row)
     setFocusPolicy(Qt::NoFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setMaximumHeight(2 * LineHeight());
+    Describe();
 }
 
 int ListingRowButton::TextLeft() {
@@ -86,7 +87,7 @@ void ListingRowButton::Describe() {
     if (hasPc_) {
         description += tr(", current instruction");
     }
-    setAccessibleName(description);
+    setAccessibleName(description.isEmpty() ? tr("blank line") : description);
 }
 
 void ListingRowButton::paintEvent(QPaintEvent* /*event*/) {

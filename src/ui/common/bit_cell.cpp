@@ -42,9 +42,8 @@ QColor BitCell::ColourOf(BitState state) {
 }
 
 void BitCell::SetMeaning(const QString& meaning) {
-    if (accessibleDescription() != meaning) {
-        setAccessibleDescription(meaning);
-        setToolTip(meaning);
+    if (meaning_ != meaning) {
+        meaning_ = meaning;
         Describe();
     }
 }
@@ -58,8 +57,10 @@ void BitCell::ShowState(BitState state) {
 }
 
 void BitCell::Describe() {
-    const QString& meaning = accessibleDescription();
-    setAccessibleName(meaning.isEmpty() ? meaning : meaning + ": " + StateInWords(state_));
+    const QString text = meaning_.isEmpty() ? QString() : meaning_ + ": " + StateInWords(state_);
+    setAccessibleName(text);
+    setAccessibleDescription(text);
+    setToolTip(text);
 }
 
 void BitCell::paintEvent(QPaintEvent* /*event*/) {

@@ -9,7 +9,8 @@ namespace corvane::ui {
 
 enum class BitState : std::uint8_t { Clear, Set, Unimplemented };
 
-// A label without visible text; its accessible name says what the colour says ("STATUS bit 5: 1").
+// A label without visible text; its tooltip and what a screen reader reads say what the colour says
+// ("STATUS bit 5: 1").
 class BitCell : public QLabel {
     Q_OBJECT
   public:
@@ -28,6 +29,7 @@ class BitCell : public QLabel {
   private:
     void Describe();
 
+    QString meaning_;
     BitState state_ = BitState::Clear;
 };
 

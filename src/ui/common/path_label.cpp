@@ -12,12 +12,14 @@ PathLabel::PathLabel(QWidget* parent) : QLabel(parent) {
     setTextFormat(Qt::PlainText);
     setFont(DataFont());
     SetFieldFrame(*this);
+    ShowPath(QString());
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
 }
 
 void PathLabel::ShowPath(const QString& path) {
     setText(path);
     setToolTip(path);
+    setAccessibleName(path.isEmpty() ? tr("empty") : QString());
 }
 
 QSize PathLabel::minimumSizeHint() const {

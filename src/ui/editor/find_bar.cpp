@@ -1,5 +1,6 @@
 #include "ui/editor/find_bar.h"
 
+#include <QAction>
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -25,6 +26,9 @@ FindBar::FindBar(QPlainTextEdit& editor, QWidget* parent)
     auto* close = new QPushButton(tr("C&lose"));
     text_->setObjectName("findText");
     text_->setClearButtonEnabled(true);
+    for (QAction* clear : text_->findChildren<QAction*>()) {
+        clear->setText(tr("Clear the text to find"));  // the toolkit's button has but an icon
+    }
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(6, 2, 6, 2);
     layout->addWidget(caption);

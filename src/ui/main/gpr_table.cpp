@@ -36,6 +36,7 @@ GprTable::GprTable()
         const Row row{.name = new DataLabel(5), .value = new DataLabel(4)};
         row.name->setObjectName(QStringLiteral("qgprname[%1]").arg(i));
         row.value->setObjectName(QStringLiteral("qgpr[%1]").arg(i));
+        row.name->setBuddy(row.value);
         const int column = i / kRowsPerColumn * kGridColumns;
         grid->addWidget(row.name, 2 + i % kRowsPerColumn, column);
         grid->addWidget(row.value, 2 + i % kRowsPerColumn, column + 1);

@@ -61,6 +61,7 @@ SfrTable::SfrTable() : RegisterTable(tr("Special Function Registers (SFRs)"), "q
         Row row{.name = new DataLabel(kNameColumns), .value = new DataLabel(4), .bits = {}};
         row.name->setObjectName(QStringLiteral("qsfrname[%1]").arg(i));
         row.value->setObjectName(QStringLiteral("qsfr[%1]").arg(i));
+        row.name->setBuddy(row.value);
         grid->addWidget(row.name, 2 + i, 0);
         grid->addWidget(row.value, 2 + i, kValueColumn);
         for (int bit = kBits - 1; bit >= 0; --bit) {
