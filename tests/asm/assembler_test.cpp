@@ -7,7 +7,9 @@
 #include <string_view>
 #include <vector>
 
+#include "asm/line_coloring.h"
 #include "asm/test_symbols.h"
+#include "case_file.h"
 #include "common/number_text.h"
 
 namespace corvane::assembler {
@@ -22,70 +24,25 @@ std::string Outcome(const AsmLine& line) {
     return line.opcode ? common::Hex4(*line.opcode) : line.errorMessage;
 }
 
-constexpr const char* kInvalid = "Invalid argument of the instruction.";
-constexpr const char* kTwo = "Two arguments expected.";
-
 TEST(Assembler, ReadsOneLine) {
-    struct Case {
-        const char* source;
-        const char* outcome;  // word or message, empty for a line with neither
-        int errors;
-    };
-    const Case cases[] = {
-        {"", "", 0},
-        {"  ; only a comment", "", 0},
-        {"label:", "", 0},
-        {"NOP", "", 0},
-        {"L: movlw 0x0f;c", "300F", 0},
-        {"\tBSF\tSTATUS,\tRP0", "1683", 0},
-        {" MOVF 0x20 , W", "0820", 0},
-        {" MOVLW", "3000", 0},
-        {" MOVF ,F", "0880", 0},
-        {" MOVF 5,", "0805", 0},
-        {" NOP ,", "0000", 0},
-        {" CLRF 5,", "0185", 0},
-        {" MOVLW 0X000000FF", "30FF", 0},
-        {" MOVLW %101", "3005", 0},
-        {" MOVLW 007", "3007", 0},
-        {" MOVLW 0", "3000", 0},
-        {" DW 16383", "3FFF", 0},
-        {" MOVLW 256", kInvalid, 1},
-        {" MOVLW 65536", kInvalid, 1},
-        {" MOVLW -1", kInvalid, 1},
-        {" MOVLW +5", kInvalid, 1},
-        {" MOVLW 12H", kInvalid, 1},
-        {" MOVLW 0X", kInvalid, 1},
-        {" MOVLW 0X10000", kInvalid, 1},
-        {" MOVLW %", kInvalid, 1},
-        {" MOVLW %2", kInvalid, 1},
-        {" MOVLW 1+1", kInvalid, 1},
-        {" CLRW 1", kInvalid, 1},
-        {" NOP 1,1", kInvalid, 2},
-        {" ADDWF 0x200", kInvalid, 2},
-        {" ADDWF 0x1FF", kTwo, 1},
-        {" BCF 0,8", kInvalid, 1},
-        {" MOVWFX 1", "Unrecognized instruction.", 1},
-        {" MOVLW.LONG_WORD 1", "Unrecognized instruction.", 1},
-        {"1 NOP", "Unrecognized instruction.", 1},
-        {" COUNT", "Unrecognized instruction.", 1},
-        {" COUNT EQU 0x20", "", 0},
-        {" COUNT EQU", "Unrecognized instruction.", 1},
-        {"X EQU STATUS", "Invalid argument of the EQU directive.", 1},
-        {"X EQU 5,6", "Invalid argument of the EQU directive.", 1},
-        {"STATUS EQU 3", "Duplicate label.", 1},
-        {" ORG 0x10000", "Invalid argument of the ORG directive.", 1},
-        {" ORG STATUS", "", 0},
-        {" END", "", 0},
-        {" END STATUS", kInvalid, 1},
-    };
-    for (const Case& c : cases) {
-        const Assembly assembly = AssembleText(c.source);
-        EXPECT_EQ(assembly.errorCount, c.errors) << c.source;
-        EXPECT_EQ(assembly.lines.size(), *c.source == '\0' ? 0U : 1U) << c.source;
-        for (const AsmLine& line : assembly.lines) {
-            EXPECT_EQ(Outcome(line), c.outcome) << c.source;
+    ExpectCases("tests/asm/lines.txt", [](const std::string& line) {
+        const Assembly assembly = AssembleText(line);
+        EXPECT_EQ(assembly.lines.size(), line.empty() ? 0U : 1U);
+        return (line.empty() ? "" : Outcome(assembly.lines[0])) + " " +
+               std::to_string(assembly.errorCount);
+    });
+}
+
+TEST(LineColoring, ColorsOneKeywordAndTheComment) {
+    ExpectCases("tests/asm/colors.txt", [](const std::string& line) {
+        std::string colors(line.size(), '.');
+        for (const ColoredSpan& span : ColorLine(line)) {
+            const auto length = static_cast<std::size_t>(span.length);
+            colors.replace(static_cast<std::size_t>(span.start), length, length,
+                           span.color == TextColor::Keyword ? 'k' : 'c');
         }
-    }
+        return colors;
+    });
 }
 
 TEST(Assembler, KeepsTheFieldsOfALine) {
@@ -133,12 +90,9 @@ TEST(Assembler, FillsRecordsAndReachesTheLastAddressOfARecord) {
 
     const Assembly last = AssembleText(" ORG 0x7FFF\n DW 0x3FFF");
     EXPECT_EQ(last.highestAddress, 0x7FFF);
-    EXPECT_TRUE(last.hex.ends_with("\r\n:10FFF000" + std::string(28, '0') + "FF3FC3\r\n" + tail));
-}
-
-TEST(Assembler, WritesAnyConfigurationWord) {
-    EXPECT_EQ(Assemble("", {}, 0x000A).hex, ":02400E000A00A6\r\n:00000001FF\r\n");
     EXPECT_EQ(Assemble("", {}, 0x000A).highestAddress, -1);
+    EXPECT_EQ(Assemble("", {}, 0x000A).hex, ":02400E000A00A6\r\n:00000001FF\r\n");
+    EXPECT_TRUE(last.hex.ends_with("\r\n:10FFF000" + std::string(28, '0') + "FF3FC3\r\n" + tail));
 }
 
 TEST(Assembler, ReportsItsProgress) {

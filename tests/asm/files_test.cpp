@@ -4,12 +4,11 @@
 #include <algorithm>
 #include <filesystem>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "asm/assembler.h"
 #include "asm/test_symbols.h"
-#include "common/text_file.h"
+#include "shipped_files.h"
 
 namespace corvane::assembler {
 namespace {
@@ -27,21 +26,15 @@ std::vector<std::string> SourceNames() {
     return names;
 }
 
-std::string Read(const std::string& name, std::string_view extension) {
-    const fs::path path = fs::path(CORVANE_SOURCE_DIR "/tests/asm") / name += extension;
-    const auto text = common::ReadTextFile(path);
-    EXPECT_TRUE(text) << path << ": " << text.error;
-    return text ? *text : std::string();
-}
-
 class AsmFile : public testing::TestWithParam<std::string> {};
 
 // GoogleTest shows unequal texts of several lines as a difference line by line.
 TEST_P(AsmFile, GivesTheExpectedListingAndHex) {
+    const std::string path = "tests/asm/" + GetParam();
     const Assembly assembly =
-        Assemble(Read(GetParam(), ".asm"), TestSymbols(), kTestConfigurationWord);
-    EXPECT_EQ(Read(GetParam(), ".lst"), assembly.listing);
-    EXPECT_EQ(Read(GetParam(), ".hex"), assembly.hex);
+        Assemble(ReadSourceFile(path + ".asm"), TestSymbols(), kTestConfigurationWord);
+    EXPECT_EQ(ReadSourceFile(path + ".lst"), assembly.listing);
+    EXPECT_EQ(ReadSourceFile(path + ".hex"), assembly.hex);
 }
 
 INSTANTIATE_TEST_SUITE_P(Folder, AsmFile, testing::ValuesIn(SourceNames()),

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "case_file.h"
+
 namespace corvane::common {
 namespace {
 
@@ -33,39 +35,10 @@ TEST(NumberText, HexadecimalDigitsAreUpperCaseAndComplete) {
 }
 
 TEST(NumberText, SourceNumbers) {
-    struct Case {
-        const char* text;
-        std::optional<int> value;
-    };
-    const Case cases[] = {
-        {"0X0000FF", 255},
-        {"0X10000", {}},
-        {"%101", 5},
-        {"007", 7},
-        {"65535", 65535},
-        {"65536", {}},
-        {"-1", {}},
-        {"+5", {}},
-        {"12H", {}},
-        {"0X", {}},
-        {"%", {}},
-        {"", {}},
-        {"0", 0},
-        {"000", 0},
-        {"0X0", 0},
-        {"0XFG", {}},
-        {"0xFF", {}},
-        {"%102", {}},
-        {"%00000000000000000000001", 1},
-        {"%10000000000000000", {}},
-        {"1E3", {}},
-        {"1.0", {}},
-        {"99999999999999999999", {}},
-        {" 1", {}},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(ParseNumber(c.text), c.value) << c.text;
-    }
+    ExpectCases("tests/common/numbers.txt", [](const std::string& text) {
+        const std::optional<int> value = ParseNumber(text);
+        return value ? std::to_string(*value) : "";
+    });
 }
 
 TEST(NumberText, RecordChecksumIsTheComplementOfTheSum) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "case_file.h"
+
 namespace corvane::models {
 namespace {
 
@@ -34,41 +36,11 @@ TEST(Description, ARegisterLineFillsMapMaskAndLists) {
 }
 
 TEST(Description, ACorruptedLineIsNamedByItsNumber) {
-    const char* const corruptedLines[] = {
-        "",
-        " ",
-        "text",
-        "00C,00C,RAM,00",
-        "00C,00C,RAM,00,FF,",
-        "00C,00C,RAM,00,FF\t00",
-        "00C,00C,RAM,00,FF ",
-        "00C,00C,RAM,00,ff",
-        "00C,00C,RAM,0,FF",
-        "00C,00C,RAM,000,FF",
-        "00C,00C,RAM,00,",
-        "0C,00C,RAM,00,FF",
-        "000C,00C,RAM,00,FF",
-        "00c,00C,RAM,00,FF",
-        "00C,00G,RAM,00,FF",
-        "00C, 00C,RAM,00,FF",
-        "00C,00C, RAM,00,FF",
-        "00C,00C,RAM ,00,FF",
-        " 00C,00C,RAM,00,FF",
-        " ; a comment begins in the first column",
-        "200,000,XXXX,00,00",
-        "000,200,XXXX,00,00",
-        "FFF,000,XXXX,00,00",
-        "***** Section 1 ***** ",
-        "***** Section 2 *****\t",
-        "***** Section 4 *****",
-        "***** section 2 *****",
-    };
-    for (const std::string line : corruptedLines) {
+    ExpectCases("tests/models/register_lines.txt", [](const std::string& line) {
         const auto result = ReadModelDescription("***** Section 1 *****\r\n; comment\r\n" + line +
                                                  "\r\n00D,00D,RAM,00,FF\r\n");
-        ASSERT_FALSE(result) << line;
-        EXPECT_EQ(result.error, 3) << line;
-    }
+        return result ? "good" : std::to_string(result.error);
+    });
 }
 
 TEST(Description, SectionsComeInAnyOrderAndRepeat) {

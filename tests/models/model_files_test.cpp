@@ -5,10 +5,11 @@
 #include <set>
 #include <sstream>
 
+#include "case_file.h"
 #include "common/number_text.h"
 #include "common/text.h"
+#include "models/package.h"
 #include "models/symbol_lines.h"
-#include "shipped_files.h"
 
 namespace corvane::models {
 
@@ -179,6 +180,20 @@ TEST_P(ModelFile, NamesAreRegistersBitsAndDestinations) {
         basicNamed += symbol.name + " " + std::to_string(symbol.value) + "\n";
     }
     EXPECT_EQ(basicNamed, basicNames);
+}
+
+TEST(Packages, HaveTheDataSheetsPins) {
+    ExpectCases("tests/models/packages.txt", [](const std::string& model) {
+        std::map<int, std::string_view> labels;
+        for (const PackagePin& pin : PackagePins(ModelNamed(model).family)) {
+            labels[pin.number] = pin.label;
+        }
+        std::string text;
+        for (const auto& [number, label] : labels) {
+            text += (text.empty() ? "" : " ") + std::string(label);
+        }
+        return text;
+    });
 }
 
 INSTANTIATE_TEST_SUITE_P(Models, ModelFile, testing::ValuesIn(kModelCatalogue),
