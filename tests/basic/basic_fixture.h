@@ -5,23 +5,24 @@
 #include <string_view>
 
 #include "basic/compiler.h"
+#include "basic/editor_form.h"
+#include "shipped_files.h"
 
 namespace corvane::basic {
 
-const models::Model& ModelNamed(std::string_view name);
-
-// The model's description file from data/models.
-models::ModelDescription Description(const models::Model& model);
-
-std::string ReadSourceFile(const std::string& pathInSourceTree);
-
 // Rewrites the text, then compiles it. The clock frequency is in MHz.
-common::Result<Compilation, LineMessage> CompileSource(std::string_view text,
-                                                       const models::Model& model,
-                                                       const models::ModelDescription& description,
-                                                       float clockFrequency = 4.0F);
+inline common::Result<Compilation, LineMessage> CompileSource(
+    std::string_view text, const models::Model& model, const models::ModelDescription& description,
+    float clockFrequency = 4.0F) {
+    return Compile(RewriteText(text, EditorKeywords(description)), model, description,
+                   clockFrequency);
+}
 
 // "Error in line 3: Syntax error.", or nothing.
-std::string CompileError(std::string_view text, std::string_view modelName = "PIC16F84");
+inline std::string CompileError(std::string_view text) {
+    const models::Model& model = ModelNamed("PIC16F84");
+    const auto compilation = CompileSource(text, model, DescriptionOf(model));
+    return compilation ? "" : ErrorText(compilation.error);
+}
 
 }  // namespace corvane::basic

@@ -33,7 +33,7 @@ int EndAddress(const assembler::Assembly& assembly) {
 }  // namespace
 
 Chip::Chip(std::string_view modelName, std::string_view text, float clockFrequency)
-    : processor_(core::MakeProcessor(ModelNamed(modelName), Description(ModelNamed(modelName)))) {
+    : processor_(core::MakeProcessor(ModelNamed(modelName), DescriptionOf(ModelNamed(modelName)))) {
     const auto compilation =
         CompileSource(text, *processor_.model, processor_.description, clockFrequency);
     EXPECT_TRUE(compilation) << ErrorText(compilation.error) << "\n" << text;

@@ -35,7 +35,7 @@ std::string NumberedLines(int count, const std::string& before, const std::strin
 
 Compilation CompileFor(std::string_view modelName, std::string_view text, float clock = 4.0F) {
     const models::Model& model = ModelNamed(modelName);
-    auto compilation = CompileSource(text, model, Description(model), clock);
+    auto compilation = CompileSource(text, model, DescriptionOf(model), clock);
     EXPECT_TRUE(compilation) << ErrorText(compilation.error);
     return compilation ? std::move(*compilation) : Compilation();
 }
@@ -138,13 +138,14 @@ TEST(Compile, ReportsEachLineOfBothPasses) {
     const auto report = [&reports](std::string_view status, int line) {
         reports.append(status).append(std::to_string(line)).append(" ");
     };
-    EXPECT_TRUE(Compile("\r\nPORTB = 0\r\n", model, Description(model), 4.0F, report));
+    EXPECT_TRUE(Compile("\r\nPORTB = 0\r\n", model, DescriptionOf(model), 4.0F, report));
     EXPECT_EQ("Performing pass 1.1 Performing pass 1.2 Performing pass 2.1 Performing pass 2.2 ",
               reports);
 }
 
 TEST(EditorForm, WholeText) {
-    const std::vector<EditorKeyword> keywords = EditorKeywords(Description(ModelNamed("PIC16F84")));
+    const std::vector<EditorKeyword> keywords =
+        EditorKeywords(DescriptionOf(ModelNamed("PIC16F84")));
     EXPECT_EQ("\r\n", RewriteText("", keywords));
     EXPECT_EQ("If a Then\r\n\r\n'x\r\n", RewriteText("IF A THEN\n \r\n  ' x", keywords));
 }
@@ -155,7 +156,8 @@ struct ColoredLine {
 };
 
 TEST(EditorForm, Colors) {
-    const std::vector<EditorKeyword> keywords = EditorKeywords(Description(ModelNamed("PIC16F84")));
+    const std::vector<EditorKeyword> keywords =
+        EditorKeywords(DescriptionOf(ModelNamed("PIC16F84")));
     const std::vector<ColoredLine> lines = {
         {"For i = 1 To PORTB Step -1 'For", "kkk       kk kkkkk kkkk    cccc"},
         {"a.LB = Sqr(TMR0 )", "  kk       kkkk  "},

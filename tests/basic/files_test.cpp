@@ -33,7 +33,7 @@ Setting ReadSetting(const std::string& source) {
     std::string range;
     std::istringstream words(source.substr(0, source.find('\n')));
     words >> quote >> setting.modelName >> setting.clockFrequency;
-    setting.description = Description(ModelNamed(setting.modelName));
+    setting.description = DescriptionOf(ModelNamed(setting.modelName));
     std::vector<models::Gpr> cells;
     while (words >> range) {
         const int last = std::stoi(range.substr(range.find('-') + 1), nullptr, 16);
@@ -119,7 +119,8 @@ TEST(ErrorsFile, EachProgramGivesItsMessage) {
 }
 
 TEST(RewriteFile, EachLineBecomesTheOneBelowIt) {
-    const std::vector<EditorKeyword> keywords = EditorKeywords(Description(ModelNamed("PIC16F84")));
+    const std::vector<EditorKeyword> keywords =
+        EditorKeywords(DescriptionOf(ModelNamed("PIC16F84")));
     const std::vector<std::string> lines = LinesOf("rewrite.txt");
     ASSERT_GT(lines.size(), 60U);
     for (std::size_t i = 2; i + 1 < lines.size(); i += 3) {

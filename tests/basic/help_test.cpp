@@ -32,7 +32,7 @@ TEST(BasicHelp, EveryProgramCompiles) {
     const std::vector<std::string> programs = ProgramsOfTheHelp();
     EXPECT_GT(programs.size(), 10U);
     const models::Model& model = ModelNamed("PIC16F84");
-    const models::ModelDescription description = Description(model);
+    const models::ModelDescription description = DescriptionOf(model);
     for (const std::string& program : programs) {
         EXPECT_EQ(RewriteText(program, EditorKeywords(description)), program);
         const auto compilation = Compile(program, model, description, 4);

@@ -50,7 +50,7 @@ class DifferentialTest : public testing::TestWithParam<int> {
                                        random_.Below(traits_.analogFullScale + 1)};
             pair_.SetAnalog(random_.Below(traits_.analogChannels), random_.Pick(values));
         }
-        if (random_.Below(400) == 0) {
+        if (random_.Below(100) == 0) {
             pair_.Edit([this](ProcessorState& state) { EditSomething(state); });
         }
         if (random_.Below(200) == 0 || (StandsStill() && random_.Chance(50))) {

@@ -9,6 +9,7 @@
 #include "common/text.h"
 #include "core/engine_pair.h"
 #include "core/state_fields.h"
+#include "isa/instruction_set.h"
 #include "shipped_files.h"
 
 namespace corvane::core {
@@ -118,6 +119,23 @@ TEST(EngineCases, AllOfTheFile) {
         }
     }
     EXPECT_GT(cases, 150);
+}
+
+TEST(EngineCases, CyclesAreThoseOfTheInstructionSet) {
+    for (const isa::Instruction& row : isa::kInstructions) {
+        EnginePair pair(ModelNamed("PIC16F84"));
+        const bool hasRegister = row.form == isa::OperandForm::Register ||
+                                 row.form == isa::OperandForm::RegisterDestination ||
+                                 row.form == isa::OperandForm::RegisterBit;
+        pair.Load(
+            std::vector{static_cast<std::uint16_t>(row.firstWord + (hasRegister ? 0x20 : 0))});
+        pair.Start();
+        pair.Edit([&](ProcessorState& state) {  // nothing skips
+            state.dataMemory[0x20] = row.operation == isa::Operation::Btfsc ? 0xFF : 0x00;
+        });
+        pair.Step();
+        EXPECT_EQ(pair.state().clockCycles, 4 + 4 * row.cycles) << row.mnemonic;
+    }
 }
 
 }  // namespace
