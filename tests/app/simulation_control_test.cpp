@@ -229,17 +229,6 @@ TEST_F(SimulationTest, ABreakpointSelectsStepByStep) {
     }
 }
 
-TEST_F(SimulationTest, AnEndOnABreakpointIsAnEnd) {
-    Prepare(SimulationRate::ExtremelyFast, {kNop, kSleep});
-    workbench->ToggleBreakpoint(dialogs, 1);
-    Simulation().Start();
-    FireTimer();
-    Simulation().Step();  // SLEEP leaves pc on the breakpoint
-    EXPECT_FALSE(Simulation().SimulationRunning());
-    EXPECT_EQ(dialogs.Shown().size(), 1U);
-    EXPECT_EQ(store.values.at("Simulation Rate"), "1");
-}
-
 TEST_F(SimulationTest, BreakpointsSurviveTheResetOfStartAndAModelChange) {
     Prepare(SimulationRate::ExtremelyFast, {kNop, kNop, kGoto0});
     workbench->ToggleBreakpoint(dialogs, 1);
@@ -252,20 +241,6 @@ TEST_F(SimulationTest, BreakpointsSurviveTheResetOfStartAndAModelChange) {
     Simulation().SetRate(SimulationRate::ExtremelyFast);
     FireTimer();
     EXPECT_GT(State().pc, 1000);
-}
-
-TEST_F(SimulationTest, MidnightAndTheClockFrequency) {
-    Prepare(SimulationRate::StepByStep, {kNop});
-    dialogs.texts = {"3.579545"};
-    workbench->ChangeClockFrequency();
-    dialogs.Shown();
-    clock.timeOfDay = 86399.5F;
-    Simulation().Start();
-    clock.timeOfDay = 1;
-    Simulation().Stop();
-    const std::string message = dialogs.Shown()[0];
-    EXPECT_NE(message.find("1.5"), std::string::npos) << message;
-    EXPECT_EQ(message.substr(message.find(" at ")), " at 3.579545 MHz.");
 }
 
 // A view that lets events in while it redraws must not start a step within a step.
