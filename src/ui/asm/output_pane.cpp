@@ -38,7 +38,7 @@ class OutputPane::LineDelegate final : public QStyledItemDelegate {
         option->text = QStringView(option->text).trimmed().toString();
         if (pane_->followedLine_ == index.row() + 1) {
             option->backgroundBrush =
-                Tinted(palette.color(QPalette::Base), palette.color(QPalette::Highlight), 0.25);
+                Tinted(palette.color(QPalette::Base), palette.color(QPalette::Highlight), 0.15);
         }
     }
 

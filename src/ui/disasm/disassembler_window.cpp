@@ -3,6 +3,7 @@
 #include <QFileInfo>
 #include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 #include <QVBoxLayout>
 #include <chrono>
 #include <utility>
@@ -22,8 +23,8 @@ namespace {
 // few milliseconds for the largest program memory.
 constexpr std::chrono::milliseconds kFrameSeen(300);
 
-constexpr int kInitialColumns = 60;
-constexpr int kInitialLines = 32;
+constexpr int kInitialColumns = 56;
+constexpr int kInitialLines = 32;  // none of them cut
 
 QPlainTextEdit* NewViewer() {
     auto* viewer = new QPlainTextEdit;
@@ -56,9 +57,15 @@ DisassemblerWindow::DisassemblerWindow(app::Workbench& workbench, const DialogsF
     connect(&beforeListing_, &QTimer::timeout, this, &DisassemblerWindow::ShowListing);
     afterListing_.setSingleShot(true);
     connect(&afterListing_, &QTimer::timeout, this, [this] { SetBusy(false); });
-    const QFontMetrics metrics(viewer_->font());
-    resize(metrics.horizontalAdvance(QString(kInitialColumns, QLatin1Char('0'))),
-           metrics.lineSpacing() * kInitialLines);
+    const QMargins margins = layout->contentsMargins();
+    const int frames = 2 * viewer_->frameWidth();
+    const int textMargin = static_cast<int>(viewer_->document()->documentMargin());
+    const QSize around(
+        margins.left() + margins.right() + frames + 2 * textMargin +
+            viewer_->verticalScrollBar()->sizeHint().width(),
+        // The line that follows would show in a margin below the text.
+        margins.top() + margins.bottom() + frames + textMargin + menuBar_->sizeHint().height());
+    resize(DataTextSize(kInitialColumns, kInitialLines) + around);
 }
 
 DisassemblerWindow::~DisassemblerWindow() = default;

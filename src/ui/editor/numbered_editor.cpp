@@ -76,10 +76,11 @@ void NumberedEditor::ScrollLineNumbers(const QRect& area, int pixels) {
 
 void NumberedEditor::PaintLineNumbers(const QRect& area) {
     QPainter painter(lineNumberArea_);
-    painter.fillRect(area, palette().color(QPalette::Window));
+    const QColor background = palette().color(QPalette::Window);
+    painter.fillRect(area, background);
     painter.setFont(font());
-    const QColor quiet = palette().color(QPalette::PlaceholderText);
-    const QColor current = palette().color(QPalette::Text);
+    const QColor current = palette().color(QPalette::WindowText);
+    const QColor quiet = Tinted(background, current, 0.6);
     const int gap = fontMetrics().horizontalAdvance(QLatin1Char('9')) / 2;
     const int lineHeight = fontMetrics().height();
     QTextBlock block = firstVisibleBlock();

@@ -88,6 +88,7 @@ int main(int argc, char* argv[]) {
     if (lock.IsHeldByAnother()) {
         return EXIT_SUCCESS;
     }
+    QApplication::setWindowIcon(corvane::ui::ApplicationIcon());
     corvane::ui::IniSettingsStore store(corvane::ui::IniSettingsStore::UserPath());
     corvane::app::SystemClock clock;
     corvane::ui::Desktop desktop(
@@ -96,7 +97,6 @@ int main(int argc, char* argv[]) {
     if (!desktop.StartUp(options.modelRow)) {
         return EXIT_FAILURE;
     }
-    QApplication::setWindowIcon(corvane::ui::ApplicationIcon());
     desktop.Show();
     // A message about a file comes when the window is there.
     QTimer::singleShot(0, &desktop.Main(), [&] {
