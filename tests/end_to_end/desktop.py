@@ -71,10 +71,10 @@ class Screen:
         runtime = pathlib.Path(self.home.name) / "runtime"
         runtime.mkdir(mode=0o700)
         self._start_screen()
-        self.environment = dict(
-            os.environ, HOME=self.home.name, XDG_CONFIG_HOME=self.home.name,
-            XDG_RUNTIME_DIR=str(runtime), QT_QPA_PLATFORM="xcb", QT_QPA_PLATFORMTHEME="generic",
-            LC_ALL="C.UTF-8", **self.variables)
+        self.environment = {
+            **os.environ, "HOME": self.home.name, "XDG_CONFIG_HOME": self.home.name,
+            "XDG_RUNTIME_DIR": str(runtime), "QT_QPA_PLATFORM": "xcb",
+            "QT_QPA_PLATFORMTHEME": "generic", "LC_ALL": "C.UTF-8", **self.variables}
         # A window that is mapped while the window manager is still starting may never be seen by it.
         ready = runtime / "window-manager-is-ready"
         self.start(["openbox", "--startup", f"touch {ready}"])
