@@ -6,6 +6,7 @@
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 #include <functional>
@@ -33,6 +34,29 @@ class DialogsTest : public testing::Test {
     QWidget window;
     QtDialogs dialogs{window};
 };
+
+// The second window's box keeps the first one's from returning, although it has been answered.
+TEST_F(DialogsTest, AWindowStaysUntilItsDialogHasReturned) {
+    const QPointer<QWidget> other = new QWidget;
+    other->setAttribute(Qt::WA_DeleteOnClose);
+    other->show();
+    Then<QMessageBox>([&](QMessageBox& first) {
+        Then<QMessageBox>([&](QMessageBox& second) {
+            first.accept();
+            other->close();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            EXPECT_NE(other, nullptr);
+            QTimer::singleShot(0, &second, &QDialog::accept);
+        });
+        dialogs.Inform("second");
+        EXPECT_NE(other, nullptr);
+    });
+    QtDialogs(*other).Inform("first");
+    EXPECT_NE(other, nullptr);
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(other, nullptr);
+}
 
 TEST_F(DialogsTest, MessageBoxes) {
     Then<QMessageBox>([this](QMessageBox& box) {

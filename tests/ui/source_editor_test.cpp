@@ -7,7 +7,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QScrollBar>
 #include <QtTest>
+#include <array>
+#include <random>
 
 #include "common/text.h"
 #include "ui/editor/find_bar.h"
@@ -145,6 +148,30 @@ TEST_F(SourceEditorTest, UndoGoesStepByStepThroughEveryKindOfEdit) {
         editor.Redo();
     }
     EXPECT_EQ(Text(), states.back());
+}
+
+// The toolkit breaks where its layout is used while it is not yet that of the text, or where the
+// scroll bars of a small editor come and go because of each other.
+TEST_F(SourceEditorTest, SurvivesRandomKeysInASmallWindow) {
+    constexpr std::array kKeys = {Qt::Key_K,      Qt::Key_Tab,       Qt::Key_Return, Qt::Key_Up,
+                                  Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_PageUp, Qt::Key_End,
+                                  Qt::Key_A,      Qt::Key_X,         Qt::Key_V,      Qt::Key_Z};
+    constexpr std::array<Qt::KeyboardModifier, 4> kModifiers = {
+        Qt::NoModifier, Qt::NoModifier, Qt::ControlModifier, Qt::ShiftModifier};
+    std::minstd_rand random(1);
+    const auto pick = [&](std::size_t count) { return static_cast<int>(random() % count); };
+    editor.show();
+    for (int round = 0; round < 40; ++round) {
+        editor.Load(QStringLiteral("a line\n").repeated(pick(60)));
+        for (int i = 0; i < 60; ++i) {
+            if (pick(8) == 0) {
+                editor.resize(61 + pick(200), 61 + pick(100));
+                editor.verticalScrollBar()->setValue(pick(60));
+            }
+            Press(kKeys.at(random() % kKeys.size()), kModifiers.at(random() % kModifiers.size()));
+        }
+        EXPECT_EQ(editor.document()->isEmpty(), Text().empty());
+    }
 }
 
 TEST_F(SourceEditorTest, KeepsTheCaretsPlaceInALineThatChanges) {

@@ -9,6 +9,7 @@
 #include "asm/line_coloring.h"
 #include "asm/listing.h"
 #include "common/text.h"
+#include "ui/common/modal_dialog.h"
 #include "ui/common/qt_text.h"
 #include "ui/common/window_placement.h"
 #include "ui/dialogs/configuration_bits_dialog.h"
@@ -187,7 +188,7 @@ void AssemblerWindow::PrintOutput() {
 void AssemblerWindow::EditConfigurationBits() {
     app::Workbench& workbench = Workbench();
     ConfigurationBitsDialog dialog(workbench.Model().family, workbench.ConfigurationWord(), this);
-    if (dialog.exec() == QDialog::Accepted) {
+    if (RunModal(dialog, this) == QDialog::Accepted) {
         workbench.SetConfigurationWord(dialog.Word());
     }
 }

@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include "common/text.h"
+#include "ui/common/modal_dialog.h"
 #include "ui/common/qt_text.h"
 #include "ui/dialogs/select_microcontroller_dialog.h"
 
@@ -28,7 +29,7 @@ QMessageBox::StandardButton ShowBox(QWidget* window, std::string_view text,
     if (!details.empty()) {
         box.setDetailedText(QtText(details));
     }
-    return static_cast<QMessageBox::StandardButton>(box.exec());
+    return static_cast<QMessageBox::StandardButton>(RunModal(box, window));
 }
 
 // "Intel HEX files (*.hex)|*.hex|All files (*.*)|*.*" as the toolkit wants it; "*.*" means every
@@ -45,12 +46,13 @@ QStringList NameFilters(std::string_view filters) {
     return result;
 }
 
-std::optional<std::string> RunFileDialog(QFileDialog& box, const app::FileDialog& dialog) {
+std::optional<std::string> RunFileDialog(QFileDialog& box, QWidget* window,
+                                         const app::FileDialog& dialog) {
     box.setWindowModality(Qt::WindowModal);
     box.setWindowTitle(QtString(dialog.title));
     box.setNameFilters(NameFilters(dialog.filters));
     box.setDirectory(QString::fromStdString(dialog.folder));
-    if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty()) {
+    if (RunModal(box, window) != QDialog::Accepted || box.selectedFiles().isEmpty()) {
         return std::nullopt;
     }
     return box.selectedFiles().constFirst().toStdString();
@@ -78,7 +80,7 @@ std::optional<std::string> QtDialogs::Input(const std::string& prompt,
     box.setInputMode(QInputDialog::TextInput);
     box.setLabelText(QtText(prompt));
     box.setTextValue(QtText(defaultText));
-    if (box.exec() != QDialog::Accepted) {
+    if (RunModal(box, window_) != QDialog::Accepted) {
         return std::nullopt;
     }
     return box.textValue().toStdString();
@@ -88,7 +90,7 @@ std::optional<std::string> QtDialogs::OpenFile(const app::FileDialog& dialog) {
     QFileDialog box(window_);
     box.setAcceptMode(QFileDialog::AcceptOpen);
     box.setFileMode(QFileDialog::ExistingFile);
-    return RunFileDialog(box, dialog);
+    return RunFileDialog(box, window_, dialog);
 }
 
 std::optional<std::string> QtDialogs::SaveFile(const app::FileDialog& dialog) {
@@ -96,12 +98,13 @@ std::optional<std::string> QtDialogs::SaveFile(const app::FileDialog& dialog) {
     box.setAcceptMode(QFileDialog::AcceptSave);
     box.setFileMode(QFileDialog::AnyFile);
     box.setOption(QFileDialog::DontConfirmOverwrite);
-    return RunFileDialog(box, dialog);
+    return RunFileDialog(box, window_, dialog);
 }
 
 std::optional<int> QtDialogs::ChooseModel(int currentModel) {
     SelectMicrocontrollerDialog box(currentModel, window_);
-    return box.exec() == QDialog::Accepted ? std::optional(box.ChosenModel()) : std::nullopt;
+    return RunModal(box, window_) == QDialog::Accepted ? std::optional(box.ChosenModel())
+                                                       : std::nullopt;
 }
 
 }  // namespace corvane::ui

@@ -15,6 +15,9 @@ namespace {
 constexpr int kTabColumns = 8;
 constexpr int kLeastDigits = 3;
 
+// In an editor of a few lines, each scroll bar can come and go because of the other without end.
+constexpr int kMostNestedResizes = 8;
+
 }  // namespace
 
 class LineNumberArea final : public QWidget {
@@ -105,8 +108,13 @@ void NumberedEditor::MarkCurrentLine() {
 }
 
 void NumberedEditor::resizeEvent(QResizeEvent* event) {
+    if (nestedResizes_ == kMostNestedResizes) {
+        return;
+    }
+    ++nestedResizes_;
     QPlainTextEdit::resizeEvent(event);
     PlaceLineNumberArea();
+    --nestedResizes_;
 }
 
 void NumberedEditor::changeEvent(QEvent* event) {

@@ -29,6 +29,7 @@ class NumberedEditor : public QPlainTextEdit {
     void MarkCurrentLine();
 
     QWidget* lineNumberArea_;
+    int nestedResizes_ = 0;
 };
 
 }  // namespace corvane::ui

@@ -16,13 +16,16 @@ namespace corvane::ui {
 namespace {
 
 bool IsTyping(const QKeyEvent& event) {
-    return !event.text().isEmpty() && event.text().at(0).isPrint() &&
-           (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
+    const bool isText = !event.text().isEmpty() &&
+                        (event.text().at(0).isPrint() || event.text() == QLatin1String("\t"));
+    return isText && (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
 }
 
-// The key of that name, which some keyboards and most keyboard macros have.
-bool IsLinefeed(const QKeyEvent& event) {
-    return event.text() == QLatin1String("\n");
+bool EndsLine(const QKeyEvent& event) {
+    // The key Linefeed, which some keyboards and most keyboard macros have.
+    const bool isLinefeed = event.text() == QLatin1String("\n");
+    return isLinefeed || event.matches(QKeySequence::InsertParagraphSeparator) ||
+           event.matches(QKeySequence::InsertLineSeparator);
 }
 
 QString LocalFileOf(const QMimeData& data) {
@@ -164,21 +167,28 @@ void SourceEditor::FollowCaret() {
     }
 }
 
-// Runs an edit as one undo step, or as a part of the last step when it continues its typing, and
-// gives the lines that the caret has left their form.
-void SourceEditor::Edit(const std::function<void()>& edit, bool continuesTyping) {
+// Runs an edit as an undo step and gives the lines that the caret has left their form. Nothing may
+// look at the layout meanwhile: it follows the text when the step ends.
+void SourceEditor::EditInOneStep(const std::function<void()>& edit, bool continuesTyping) {
+    Edit([&] {
+        QTextCursor step(document());
+        if (continuesTyping) {
+            step.joinPreviousEditBlock();
+        } else {
+            step.beginEditBlock();
+        }
+        edit();
+        step.endEditBlock();
+    });
+}
+
+// The same for an edit that makes its undo step itself.
+void SourceEditor::Edit(const std::function<void()>& edit) {
     QTextCursor lineBefore = textCursor();
     lineBefore.setPosition(lineBefore.block().position());
     hasChanged_ = false;
     isEditing_ = true;
-    QTextCursor step(document());
-    if (continuesTyping) {
-        step.joinPreviousEditBlock();
-    } else {
-        step.beginEditBlock();
-    }
     edit();
-    step.endEditBlock();
     isEditing_ = false;
     if (!hasChanged_) {
         FollowCaret();
@@ -202,6 +212,13 @@ void SourceEditor::FormLinesLeftBy(const QTextCursor& lineBefore) {
     SetEditedLine(line);
 }
 
+void SourceEditor::Type(const QString& text) {
+    const bool continuesTyping =
+        !textCursor().hasSelection() && typedUpTo_ == textCursor().position();
+    EditInOneStep([&] { textCursor().insertText(text); }, continuesTyping);
+    typedUpTo_ = textCursor().position();
+}
+
 void SourceEditor::Undo() {
     SetEditedLine({});
     undo();
@@ -213,7 +230,7 @@ void SourceEditor::Redo() {
 }
 
 void SourceEditor::Cut() {
-    Edit([this] { cut(); });
+    EditInOneStep([this] { cut(); });
 }
 
 void SourceEditor::Paste() {
@@ -231,14 +248,13 @@ void SourceEditor::keyPressEvent(QKeyEvent* event) {
         Redo();
     } else if (event->matches(QKeySequence::Paste)) {
         Paste();
-    } else if (event->matches(QKeySequence::InsertLineSeparator) || IsLinefeed(*event)) {
-        Edit([this] { textCursor().insertBlock(); });  // there is one kind of line end
+    } else if (EndsLine(*event)) {
+        EditInOneStep([this] { textCursor().insertBlock(); });  // there is one kind of line end
+    } else if (IsTyping(*event)) {
+        Type(event->text());
     } else {
-        const bool isTyping = IsTyping(*event);
-        const bool continuesTyping =
-            isTyping && !textCursor().hasSelection() && typedUpTo_ == textCursor().position();
-        Edit([this, event] { NumberedEditor::keyPressEvent(event); }, continuesTyping);
-        typedUpTo_ = isTyping ? textCursor().position() : -1;
+        Edit([this, event] { NumberedEditor::keyPressEvent(event); });
+        typedUpTo_ = -1;
         return;
     }
     event->accept();
@@ -259,7 +275,7 @@ void SourceEditor::insertFromMimeData(const QMimeData* source) {
         QMetaObject::invokeMethod(this, "FileDropped", Qt::QueuedConnection, Q_ARG(QString, file));
         return;
     }
-    Edit([this, source] {
+    EditInOneStep([this, source] {
         QString text = source->text();
         text.replace(QChar::LineSeparator, QLatin1Char('\n'));
         textCursor().insertText(text);
@@ -273,9 +289,11 @@ void SourceEditor::contextMenuEvent(QContextMenuEvent* event) {
     if (isReadOnly()) {
         return;
     }
-    QMenu menu(this);
-    menu.addActions(contextActions_);
-    menu.exec(event->globalPos());
+    // Not on the stack: the window can be closed while the menu is open.
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addActions(contextActions_);
+    menu->popup(event->globalPos());
 }
 
 void SourceEditor::dropEvent(QDropEvent* event) {

@@ -54,7 +54,9 @@ class SourceEditor final : public NumberedEditor {
     void changeEvent(QEvent* event) override;
 
   private:
-    void Edit(const std::function<void()>& edit, bool continuesTyping = false);
+    void EditInOneStep(const std::function<void()>& edit, bool continuesTyping = false);
+    void Edit(const std::function<void()>& edit);
+    void Type(const QString& text);
     void FormLinesLeftBy(const QTextCursor& lineBefore);
     void SetEditedLine(const QTextCursor& line);
     void LeaveEditedLine();

@@ -6,6 +6,7 @@
 #include <QPrinter>
 
 #include "app/page_layout.h"
+#include "ui/common/modal_dialog.h"
 #include "ui/common/qt_text.h"
 
 namespace corvane::ui {
@@ -55,7 +56,7 @@ void PaintPages(QPrinter& printer, const QFont& font, const QFontMetricsF& metri
 PrinterChooser PrinterDialogOf(QWidget& window) {
     return [&window](QPrinter& printer) {
         QPrintDialog dialog(&printer, &window);
-        return dialog.exec() == QDialog::Accepted;
+        return RunModal(dialog, &window) == QDialog::Accepted;
     };
 }
 
