@@ -27,6 +27,7 @@ BitCell::BitCell(QWidget* parent) : QLabel(parent) {
     const int height = QFontMetrics(DataFont()).height();
     setFixedSize(height + height / 8, height);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    Describe();
 }
 
 QColor BitCell::ColourOf(BitState state) {
@@ -58,7 +59,8 @@ void BitCell::ShowState(BitState state) {
 
 void BitCell::Describe() {
     const QString text = meaning_.isEmpty() ? QString() : meaning_ + ": " + StateInWords(state_);
-    setAccessibleName(text);
+    // Without a name it would be called after the group that it stands in.
+    setAccessibleName(text.isEmpty() ? tr("empty") : text);
     setAccessibleDescription(text);
     setToolTip(text);
 }
