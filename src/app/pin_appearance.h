@@ -21,6 +21,7 @@ struct PinAppearance {
     bool operator==(const PinAppearance&) const = default;
 };
 
+// By the pin's direction, level and analog set-up. The model must have the pin.
 PinAppearance AppearanceOf(const core::Processor& processor, core::Pin pin);
 
 // The analog channel on this pin, if it has one.

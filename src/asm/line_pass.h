@@ -15,6 +15,7 @@ inline void Report(Assembly& assembly, AsmLine& line, std::string_view message) 
     ++assembly.errorCount;
 }
 
+// Calls pass(line) for each line, whose number from 1 on the progress is told first.
 template <typename Pass>
 void ForEachLine(Assembly& assembly, std::string_view status,
                  const common::ProgressCallback& progress, Pass pass) {

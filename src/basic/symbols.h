@@ -34,6 +34,8 @@ struct ByteOperand {
     int value;  // data-memory address, or 0..255
 };
 
+// The halves of an operand: of a variable the cells, the high one behind the low one; of a constant
+// the bytes of its value.
 ByteOperand LowByte(const Operand& operand);
 ByteOperand HighByte(const Operand& operand);
 

@@ -35,17 +35,13 @@ CommandResult Assemble(const AssembleOptions& options) {
             OutputConflict(std::array{options.source}, std::array{hexFile, listingFile})) {
         return WrongUsage(*conflict);
     }
-    const common::Result<ModelFile> modelFile = ReadModelFile(options.model);
-    if (!modelFile) {
-        return Refused(modelFile.error);
-    }
-    const common::Result<std::string> source = ReadSource(options.source);
-    if (!source) {
-        return Refused(source.error);
+    const common::Result<SourceInput> input = ReadSourceInput(options.model, options.source);
+    if (!input) {
+        return Refused(input.error);
     }
     const assembler::Assembly assembly = AssembleText(
-        options.source, *source, *modelFile,
-        options.configurationWord.value_or(modelFile->model->defaultConfigurationWord));
+        options.source, input->text, input->modelFile,
+        options.configurationWord.value_or(options.model.model->defaultConfigurationWord));
     const std::optional<std::string> listingError = WriteOutput(listingFile, assembly.listing);
     if (assembly.errorCount > 0) {
         return Refused(AssemblyErrors(options.source, assembly) +

@@ -17,6 +17,7 @@ struct AssembleOptions {
     std::optional<int> configurationWord;  // the model's default without it
 };
 
+// The listing is written also when there are errors, an older .hex file then removed.
 CommandResult Assemble(const AssembleOptions& options);
 
 }  // namespace corvane::cli

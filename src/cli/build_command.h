@@ -17,6 +17,7 @@ struct BuildOptions {
     float clockFrequency = 4.0F;  // MHz
 };
 
+// Writes what compile and assemble write; an error of the first leaves the others undone.
 CommandResult Build(const BuildOptions& options);
 
 }  // namespace corvane::cli

@@ -20,10 +20,10 @@ struct CommandResult {
     std::string message;  // for standard error: lines separated by LF, or nothing
 };
 
+// Endings with the message that says why.
 inline CommandResult Refused(std::string message) {
     return {Ending::Refused, std::move(message)};
 }
-
 inline CommandResult WrongUsage(std::string message) {
     return {Ending::WrongUsage, std::move(message)};
 }

@@ -16,16 +16,12 @@ CommandResult Compile(const CompileOptions& options) {
             OutputConflict(std::array{options.source}, std::array{assemblerFile})) {
         return WrongUsage(*conflict);
     }
-    const common::Result<ModelFile> modelFile = ReadModelFile(options.model);
-    if (!modelFile) {
-        return Refused(modelFile.error);
-    }
-    const common::Result<std::string> source = ReadSource(options.source);
-    if (!source) {
-        return Refused(source.error);
+    const common::Result<SourceInput> input = ReadSourceInput(options.model, options.source);
+    if (!input) {
+        return Refused(input.error);
     }
     const common::Result<std::string> assemblerText =
-        CompileText(options.source, *source, *modelFile, options.clockFrequency);
+        CompileText(options.source, input->text, input->modelFile, options.clockFrequency);
     if (!assemblerText) {
         return Refused(assemblerText.error);
     }

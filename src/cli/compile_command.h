@@ -15,6 +15,7 @@ struct CompileOptions {
     float clockFrequency = 4.0F;  // MHz
 };
 
+// An error changes no file.
 CommandResult Compile(const CompileOptions& options);
 
 }  // namespace corvane::cli

@@ -15,6 +15,7 @@ struct DisassembleOptions {
     bool withoutOpcodes = false;
 };
 
+// Refused when nothing is loaded.
 CommandResult Disassemble(const DisassembleOptions& options);
 
 }  // namespace corvane::cli

@@ -9,17 +9,14 @@
 namespace corvane::cli {
 
 CommandResult Format(const FormatOptions& options) {
-    const common::Result<ModelFile> modelFile = ReadModelFile(options.model);
-    if (!modelFile) {
-        return Refused(modelFile.error);
+    const common::Result<SourceInput> input = ReadSourceInput(options.model, options.source);
+    if (!input) {
+        return Refused(input.error);
     }
-    const common::Result<std::string> source = ReadSource(options.source);
-    if (!source) {
-        return Refused(source.error);
-    }
-    ReportBadSymbolLines(*modelFile, modelFile->description.basicSymbolLines);
+    const models::ModelDescription& description = input->modelFile.description;
+    ReportBadSymbolLines(input->modelFile, description.basicSymbolLines);
     const std::string rewritten =
-        basic::RewriteText(*source, basic::EditorKeywords(modelFile->description));
+        basic::RewriteText(input->text, basic::EditorKeywords(description));
     const std::optional<std::string> error =
         WriteOutput(options.inPlace ? options.source : "-", rewritten);
     return error ? Refused(*error) : CommandResult{};

@@ -14,6 +14,7 @@ struct FormatOptions {
     bool inPlace = false;  // into the source file instead of standard output
 };
 
+// Writes nothing but the text.
 CommandResult Format(const FormatOptions& options);
 
 }  // namespace corvane::cli

@@ -6,6 +6,7 @@ namespace corvane::cli {
 // From now on Ctrl-C (SIGINT) and SIGTERM only raise a flag.
 void CatchInterrupts();
 
+// True when one of them has come.
 bool IsInterrupted();
 
 }  // namespace corvane::cli

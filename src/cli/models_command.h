@@ -5,6 +5,7 @@
 
 namespace corvane::cli {
 
+// A line each on standard output: name, words, EEPROM bytes, configuration word, family.
 CommandResult ListModels();
 
 }  // namespace corvane::cli

@@ -26,6 +26,7 @@ struct RunOptions {
     int adConversionTime = 100;   // clock cycles
 };
 
+// Writes trace, state and statistics also when Ctrl-C ends the run.
 CommandResult RunProgram(const RunOptions& options);
 
 }  // namespace corvane::cli

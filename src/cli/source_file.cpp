@@ -1,6 +1,7 @@
 #include "cli/source_file.h"
 
 #include <filesystem>
+#include <utility>
 
 #include "cli/diagnostics.h"
 #include "common/text.h"
@@ -30,6 +31,19 @@ common::Result<std::string> ReadSource(const std::string& file) {
         return common::Result<std::string>::Failure(ErrorText(file, "The editor is empty."));
     }
     return text;
+}
+
+common::Result<SourceInput> ReadSourceInput(const ModelOptions& options, const std::string& file) {
+    using ReadResult = common::Result<SourceInput>;
+    common::Result<ModelFile> modelFile = ReadModelFile(options);
+    if (!modelFile) {
+        return ReadResult::Failure(std::move(modelFile.error));
+    }
+    common::Result<std::string> text = ReadSource(file);
+    if (!text) {
+        return ReadResult::Failure(std::move(text.error));
+    }
+    return ReadResult::Success({*std::move(modelFile.value), *std::move(text.value)});
 }
 
 std::string NameBeside(const std::string& file, std::string_view extension) {

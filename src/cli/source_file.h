@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "cli/model_files.h"
 #include "common/result.h"
 
 namespace corvane::cli {
@@ -16,6 +17,15 @@ FileKind KindOf(const std::string& file);
 
 // The whole text. The error is complete; an empty source is one.
 common::Result<std::string> ReadSource(const std::string& file);
+
+// What a command on a source works with.
+struct SourceInput {
+    ModelFile modelFile;
+    std::string text;
+};
+
+// The model's description file, then the source. The error is complete.
+common::Result<SourceInput> ReadSourceInput(const ModelOptions& options, const std::string& file);
 
 // The name in the same folder that ends in this extension (".hex") after the part before its first
 // ".".

@@ -8,6 +8,7 @@
 
 namespace corvane::common {
 
+// The text with its letters in one case.
 std::string ToUpper(std::string_view text);
 std::string ToLower(std::string_view text);
 

@@ -31,6 +31,7 @@ inline std::size_t IndirectCell(const Processor& processor) {
 int ReadRegister(Processor& processor, std::size_t cell);
 void WriteRegister(Processor& processor, std::size_t cell, int value, FlagBits flagBits);
 
+// On to the next address; behind the last one comes 0.
 inline void IncrementPc(ProcessorState& state) {
     state.pc = (state.pc + 1) & kProgramCounterMask;
 }

@@ -28,10 +28,12 @@ inline void UpdateLevels(ProcessorState& state, std::size_t port, std::uint8_t p
     state.portValues[port] = static_cast<std::uint8_t>((latch & ~tris) | inputs);
 }
 
+// The same for a port without analog inputs.
 inline void UpdateDigitalPort(ProcessorState& state, std::size_t port) {
     UpdateLevels(state, port, 0);
 }
 
+// The attention bit of a port.
 constexpr Attention PortAttention(std::size_t port) {
     return static_cast<Attention>(kPortAttention << port);
 }

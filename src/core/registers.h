@@ -64,14 +64,13 @@ constexpr int kWrerr = 0x08;
 constexpr int kEepgd = 0x80;  // PIC16F87x
 }  // namespace eecon1
 
+// Bits of a cell, by mask.
 inline void SetBits(std::uint8_t& cell, int bits) {
     cell = static_cast<std::uint8_t>(cell | bits);
 }
-
 inline void ClearBits(std::uint8_t& cell, int bits) {
     cell = static_cast<std::uint8_t>(cell & ~bits);
 }
-
 inline bool AnySet(std::uint8_t cell, int bits) {
     return (cell & bits) != 0;
 }

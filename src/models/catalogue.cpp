@@ -1,5 +1,6 @@
 #include "models/catalogue.h"
 
+#include <array>
 #include <cstddef>
 
 #include "common/text.h"
@@ -8,13 +9,13 @@ namespace corvane::models {
 
 namespace {
 
-constexpr FamilyTraits kPic16F8x = {2, {0x1F, 0xFF}, 0x008, 0x009, 0x088, 0x089, 0x088, 0x10, 0, 0};
-constexpr FamilyTraits kPic16F87x28 = {
-    3, {0x3F, 0xFF, 0xFF}, 0x10C, 0x10D, 0x18C, 0x18D, 0x00D, 0x10, 5, 1023};
-constexpr FamilyTraits kPic16F87x40 = {
-    5, {0x3F, 0xFF, 0xFF, 0xFF, 0x07}, 0x10C, 0x10D, 0x18C, 0x18D, 0x00D, 0x10, 8, 1023};
-constexpr FamilyTraits kPic16F62x = {2,     {0xFF, 0xFF}, 0x09A, 0x09B, 0x09C,
-                                     0x09D, 0x00C,        0x80,  4,     500};
+// In the order of ModelFamily.
+constexpr std::array<FamilyTraits, 4> kTraits = {{
+    {2, {0x1F, 0xFF}, 0x008, 0x009, 0x088, 0x089, 0x088, 0x10, 0, 0},
+    {3, {0x3F, 0xFF, 0xFF}, 0x10C, 0x10D, 0x18C, 0x18D, 0x00D, 0x10, 5, 1023},
+    {5, {0x3F, 0xFF, 0xFF, 0xFF, 0x07}, 0x10C, 0x10D, 0x18C, 0x18D, 0x00D, 0x10, 8, 1023},
+    {2, {0xFF, 0xFF}, 0x09A, 0x09B, 0x09C, 0x09D, 0x00C, 0x80, 4, 500},
+}};
 
 }  // namespace
 
@@ -43,17 +44,7 @@ std::string_view FamilyName(ModelFamily family) {
 }
 
 const FamilyTraits& TraitsOf(ModelFamily family) {
-    switch (family) {
-        case ModelFamily::Pic16F87x28:
-            return kPic16F87x28;
-        case ModelFamily::Pic16F87x40:
-            return kPic16F87x40;
-        case ModelFamily::Pic16F62x:
-            return kPic16F62x;
-        case ModelFamily::Pic16F8x:
-            break;
-    }
-    return kPic16F8x;
+    return kTraits[static_cast<std::size_t>(family)];
 }
 
 std::string DescriptionFileName(std::string_view modelName) {

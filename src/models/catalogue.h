@@ -42,6 +42,7 @@ std::optional<int> FindModel(std::string_view name);
 // The family's name as the command line lists it: "PIC16F8x".
 std::string_view FamilyName(ModelFamily family);
 
+// Of either package.
 constexpr bool IsPic16F87x(ModelFamily family) {
     return family == ModelFamily::Pic16F87x28 || family == ModelFamily::Pic16F87x40;
 }
@@ -60,6 +61,7 @@ struct FamilyTraits {
     int analogFullScale;  // largest analog value: A/D counts, or hundredths of a volt on PIC16F62x
 };
 
+// What the models of a family have in common.
 const FamilyTraits& TraitsOf(ModelFamily family);
 
 // The description file's name: "pic16f84.cfg".

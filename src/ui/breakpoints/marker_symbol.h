@@ -8,6 +8,7 @@ namespace corvane::ui {
 
 enum class Marker : std::uint8_t { Breakpoint, ProgramCounter };
 
+// Of a mark that is in force, on light and dark backgrounds.
 QColor ColorOf(Marker marker);
 
 // Fills as much of the area as a square has room for.

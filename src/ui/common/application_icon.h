@@ -5,6 +5,7 @@
 
 namespace corvane::ui {
 
+// In every size in which it is drawn.
 QIcon ApplicationIcon();
 
 }  // namespace corvane::ui

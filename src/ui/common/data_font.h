@@ -6,6 +6,7 @@
 
 namespace corvane::ui {
 
+// As the settings of the person's desktop have it.
 QFont DataFont();
 
 // The size of a text of this many columns and lines, in pixels.

@@ -7,6 +7,7 @@ namespace corvane::ui {
 
 constexpr int kFieldPadding = 4;  // pixels from the outer edge to the text
 
+// Draws it, with kFieldPadding inside.
 void SetFieldFrame(QLabel& label);
 
 }  // namespace corvane::ui

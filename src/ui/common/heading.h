@@ -5,6 +5,7 @@
 
 namespace corvane::ui {
 
+// Give a label the look of a heading, or make one with it.
 void MakeHeading(QLabel& label);
 QLabel* NewHeading(const QString& text);
 

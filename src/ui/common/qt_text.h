@@ -6,6 +6,7 @@
 
 namespace corvane::ui {
 
+// Bytes that are no UTF-8 become replacement characters.
 inline QString QtString(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }

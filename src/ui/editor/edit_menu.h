@@ -9,6 +9,7 @@
 
 namespace corvane::ui {
 
+// The menu, owned by the parent; "Go to line" asks for its number by the dialogs.
 QMenu* MakeEditMenu(SourceEditor& editor, FindBar& findBar, app::Dialogs& dialogs, QWidget* parent);
 
 }  // namespace corvane::ui
