@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "asm/line_coloring.h"
+#include "asm/listing.h"
 #include "asm/test_symbols.h"
 #include "case_file.h"
 #include "common/number_text.h"
@@ -66,6 +67,15 @@ TEST(Assembler, NumbersLinesWithTheirLastFourDigits) {
     EXPECT_NE(listing.find("\r\n9999    0000            \r\n0000    0000            \r\n"
                            "0001    0000             FOO\r\n0001 Error: Unrecognized"),
               std::string::npos);
+}
+
+TEST(Assembler, TellsWhereItsErrorsStandInTheListing) {
+    const std::vector<ListedError> errors = ErrorsInListing(AssembleText(" foo\n nop\n bar\n"));
+    ASSERT_EQ(errors.size(), 2U);
+    EXPECT_EQ(errors[0].listingLine, 6);
+    EXPECT_EQ(errors[0].sourceLine, 1);
+    EXPECT_EQ(errors[1].listingLine, 9);
+    EXPECT_EQ(errors[1].sourceLine, 3);
 }
 
 TEST(Assembler, CutsAMegabyteInOneLine) {

@@ -182,6 +182,18 @@ TEST_P(ModelFile, NamesAreRegistersBitsAndDestinations) {
     EXPECT_EQ(basicNamed, basicNames);
 }
 
+TEST(Catalogue, HasTheDataSheetsFigures) {
+    ExpectCases("tests/models/catalogue.txt", [](const std::string& name) {
+        const Model& model = ModelNamed(name);
+        const FamilyTraits& traits = TraitsOf(model.family);
+        return std::to_string(model.programWords) + " " + std::to_string(model.eepromBytes) + " " +
+               common::Hex4(model.defaultConfigurationWord) + " " +
+               std::string(FamilyName(model.family)) + ", " +
+               std::to_string(traits.analogChannels) + " " + std::to_string(traits.analogFullScale);
+    });
+    EXPECT_EQ(FindModel("PIC16F88"), std::nullopt);
+}
+
 TEST(Packages, HaveTheDataSheetsPins) {
     ExpectCases("tests/models/packages.txt", [](const std::string& model) {
         std::map<int, std::string_view> labels;
