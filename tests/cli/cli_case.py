@@ -41,11 +41,6 @@ class CliCase(unittest.TestCase):
         self.assertEqual(done.returncode, status, arguments)
         return done.stdout.decode()
 
-    def usage_error(self, message, *arguments):
-        self.cli(*arguments, status=WRONG_USAGE,
-                 errors=f"corvane-cli: {message}\n"
-                        "Run 'corvane-cli --help' or 'corvane-cli COMMAND --help'.")
-
     def state(self, *arguments, **options):
         """The final state of a quiet run."""
         return json.loads(self.cli("run", *arguments, "-q", "--state", "-", **options))
