@@ -10,6 +10,7 @@
 
 #include "basic/basic_fixture.h"
 #include "basic/editor_form.h"
+#include "case_file.h"
 
 namespace corvane::basic {
 namespace {
@@ -121,15 +122,10 @@ TEST(Compile, LongLines) {
 
 // The loop count of a millisecond is 5 x MHz - 2, rounded to even.
 TEST(Compile, WaitsFollowTheClock) {
-    const std::vector<std::pair<float, std::string>> counts = {
-        {4.0F, "0x12"}, {10.0F, "0x30"}, {20.0F, "0x62"}, {3.58F, "0x10"}, {0.5F, "0x00"},
-        {0.7F, "0x02"}, {0.9F, "0x02"},  {0.1F, "0xFE"},  {0.0F, "0xFE"},  {60.0F, "0x2A"}};
-    for (const auto& [clock, count] : counts) {
-        EXPECT_NE(std::string::npos,
-                  CompileFor("PIC16F84", "waitms 1", clock)
-                      .assembler.find("        MOVLW " + count + "\r\n        MOVWF R1H\r\n"))
-            << clock;
-    }
+    ExpectCases("tests/basic/waits.txt", [](const std::string& megahertz) {
+        const std::string text = CompileFor("PIC16F84", "waitms 1", std::stof(megahertz)).assembler;
+        return text.substr(text.find("        MOVWF R1H\r\n") - 6, 4);
+    });
 }
 
 TEST(Compile, ReportsEachLineOfBothPasses) {
@@ -150,33 +146,20 @@ TEST(EditorForm, WholeText) {
     EXPECT_EQ("If a Then\r\n\r\n'x\r\n", RewriteText("IF A THEN\n \r\n  ' x", keywords));
 }
 
-struct ColoredLine {
-    std::string_view line;
-    std::string_view colors;  // k, c or q below each character of that colour
-};
-
 TEST(EditorForm, Colors) {
     const std::vector<EditorKeyword> keywords =
         EditorKeywords(DescriptionOf(ModelNamed("PIC16F84")));
-    const std::vector<ColoredLine> lines = {
-        {"For i = 1 To PORTB Step -1 'For", "kkk       kk kkkkk kkkk    cccc"},
-        {"a.LB = Sqr(TMR0 )", "  kk       kkkk  "},
-        {"a = \"If 'x\" Then 'y", "    qqqqqqqcccccccc"},
-        {"To To \tTo To", "kk     kk   "},
-        {"toTo Do", "       "},
-    };
-    for (const auto& [line, colors] : lines) {
-        std::string shown(line.size(), ' ');
+    ExpectCases("tests/basic/colors.txt", [&](const std::string& line) {
+        std::string colors(line.size(), '.');
         for (const ColoredSpan& span : ColorLine(line, keywords)) {
-            const char color = span.color == TextColor::Keyword   ? 'k'
-                               : span.color == TextColor::Comment ? 'c'
-                                                                  : 'q';
-            shown.replace(static_cast<std::size_t>(span.start),
-                          static_cast<std::size_t>(span.length),
-                          static_cast<std::size_t>(span.length), color);
+            const auto length = static_cast<std::size_t>(span.length);
+            colors.replace(static_cast<std::size_t>(span.start), length, length,
+                           span.color == TextColor::Keyword   ? 'k'
+                           : span.color == TextColor::Comment ? 'c'
+                                                              : 'q');
         }
-        EXPECT_EQ(colors, shown) << line;
-    }
+        return colors;
+    });
 }
 
 }  // namespace

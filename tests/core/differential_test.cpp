@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <functional>
 
 #include "core/engine_pair.h"
 #include "core/random.h"
@@ -91,43 +92,28 @@ class DifferentialTest : public testing::TestWithParam<int> {
                                : random_.Below(models::kDataMemorySize)));
         const auto soon =
             static_cast<std::size_t>((state.pc + random_.Below(8)) % model_.programWords);
-        switch (random_.Below(16)) {
-            case 0:
-                state.w = byte;
-                break;
-            case 1:
-                state.programMemory.at(soon) = static_cast<std::uint16_t>(index(isa::kWordCount));
-                break;
-            case 2:
-                state.eepromMemory.at(index(model_.eepromBytes)) = byte;
-                break;
-            case 3:
-                state.stackPointer = 1 + random_.Below(kStackLevels);
-                break;
-            case 4:
-                state.eeUnlockState = random_.Below(5);
-                break;
-            case 5:
+        const std::vector<std::function<void()>> edits = {
+            [&] { state.w = byte; },
+            [&] { state.programMemory.at(soon) = static_cast<std::uint16_t>(index(0x4000)); },
+            [&] { state.eepromMemory.at(index(model_.eepromBytes)) = byte; },
+            [&] { state.stackPointer = 1 + random_.Below(kStackLevels); },
+            [&] { state.eeUnlockState = random_.Below(5); },
+            [&] {
                 state.eeWriteBusy = !state.eeWriteBusy;
                 state.eeWriteElapsed = 4 * random_.Below(chip.eepromWriteTime / 4);
                 state.eeWriteAddress = random_.Byte();
-                break;
-            case 6:
-                state.prescalerCount = byte;
-                break;
-            case 7:
-                state.pinInputs.at(index(2)) = byte;
-                break;
-            case 8:
-                state.adElapsed = models::IsPic16F87x(model_.family)
-                                      ? 4 * random_.Below(chip.adConversionTime / 4)
-                                      : 0;
-                break;
-            default:
-                if (cell != 2) {  // PCL follows pc
-                    state.dataMemory.at(cell) =
-                        static_cast<std::uint8_t>(byte & chip.description.writeMask.at(cell));
-                }
+            },
+            [&] { state.prescalerCount = byte; },
+            [&] { state.pinInputs.at(index(2)) = byte; },
+            [&] {
+                const bool converts = models::IsPic16F87x(model_.family);
+                state.adElapsed = converts ? 4 * random_.Below(chip.adConversionTime / 4) : 0;
+            }};
+        if (random_.Chance(50)) {
+            random_.Pick(edits)();
+        } else if (cell != 2) {  // PCL follows pc
+            state.dataMemory.at(cell) =
+                static_cast<std::uint8_t>(byte & chip.description.writeMask.at(cell));
         }
     }
 

@@ -111,15 +111,13 @@ class Generator {
             int below;
             void (Generator::*emit)();
         };
-        static constexpr std::array<Choice, 12> kChoices = {{{30, &Generator::Instructions},
-                                                             {45, &Generator::WriteSomething},
-                                                             {57, &Generator::TouchSomething},
-                                                             {63, &Generator::EepromWrite},
-                                                             {66, &Generator::EepromRead},
-                                                             {73, &Generator::AnalogSequence},
-                                                             {79, &Generator::Indirect},
-                                                             {82, &Generator::Loop},
-                                                             {86, &Generator::Subroutine},
+        static constexpr std::array<Choice, 10> kChoices = {{{33, &Generator::Instructions},
+                                                             {48, &Generator::WriteSomething},
+                                                             {60, &Generator::TouchSomething},
+                                                             {66, &Generator::EepromWrite},
+                                                             {70, &Generator::EepromRead},
+                                                             {77, &Generator::AnalogSequence},
+                                                             {83, &Generator::Indirect},
                                                              {88, &Generator::ComputedJump},
                                                              {93, &Generator::StartTimer},
                                                              {98, &Generator::EnableInterrupts}}};
@@ -289,24 +287,6 @@ class Generator {
             EmitRegister(random_.Chance(50) ? Operation::Movf : Operation::Xorwf, 0);
             EmitRegister(random_.Chance(50) ? Operation::Bsf : Operation::Btfss, 0);
         }
-    }
-
-    void Loop() {
-        const int counter = kGpr + random_.Below(8);
-        Movlw(1 + random_.Below(4));
-        Emit(Operation::Movwf, counter);
-        const int start = Here();
-        Instructions();
-        Emit(random_.Chance(50) ? Operation::Decfsz : Operation::Incfsz, counter | 0x80);
-        Emit(Operation::Goto, start & 0x7FF);
-    }
-
-    void Subroutine() {
-        const int call = Here();
-        Emit(Operation::Call, (call + 2) & 0x7FF);  // over the next word and back to it
-        Emit(Operation::Goto, (call + 4) & 0x7FF);
-        AnyInstruction();
-        Emit(random_.Chance(50) ? Operation::Return : Operation::Retlw);
     }
 
     void ComputedJump() {

@@ -11,7 +11,7 @@ namespace corvane::core {
 
 // As many words as the model has: a jump, an interrupt handler at 0004h, and a main program of
 // fragments (arithmetic, bank changes, writes to special registers, EEPROM and converter sequences,
-// whole and broken, loops, calls, computed jumps) to the last word.
+// whole and broken, calls, computed jumps) to the last word.
 std::vector<std::uint16_t> RandomProgram(const models::Model& model, Random& random);
 
 // A data-memory address of a register that does something, on this family.
