@@ -4,11 +4,13 @@
 Usage: readme_test.py README CORVANE-CLI
 """
 
+import os
 import pathlib
 import re
 import subprocess
 import sys
 import tempfile
+import textwrap
 
 
 def blocks(text, language):
@@ -27,10 +29,39 @@ def check(console, command_line, folder):
     return False
 
 
+def workflow_passes(workflow, command_line, source, folder):
+    """Whether the workflow's commands succeed with this source, run as the build server runs them."""
+    commands = textwrap.dedent(workflow.split("run: |\n")[1])
+    (pathlib.Path(folder) / "countdown.asm").write_text(source, encoding="utf-8")
+    path = f"{pathlib.Path(command_line).parent}:{os.environ['PATH']}"
+    return subprocess.run(["sh", "-e", "-c", commands], cwd=folder, env={**os.environ, "PATH": path},
+                          stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode == 0
+
+
+def check_workflow(workflow, command_line, source, folder):
+    # Sources and whether they are sound.
+    sources = {
+        source: True,
+        source.replace("GOTO    LOOP", "GOTO    LOP"): False,       # does not assemble
+        source.replace("GOTO    LOOP", "GOTO    $"): False,         # never ends
+        source.replace("DECFSZ  COUNT,F", "DECFSZ  COUNT,W"): False,  # the same
+        source.replace("SLEEP  ", "GOTO    0x200"): False,          # runs onto nothing
+        source.replace("MOVF    COUNT,W", "COMF    COUNT,W"): False,  # shows something else
+    }
+    assert len(sources) == 6, "a change that changes nothing"
+    good = True
+    for changed, is_sound in sources.items():
+        if workflow_passes(workflow, command_line, changed, folder) != is_sound:
+            print(f"the workflow should {'pass' if is_sound else 'fail'} with\n{changed}")
+            good = False
+    return good
+
+
 def main():
     readme = pathlib.Path(sys.argv[1]).read_text(encoding="utf-8")
     command_line = str(pathlib.Path(sys.argv[2]).resolve())
     [source] = blocks(readme, "asm")
+    [workflow] = blocks(readme, "yaml")
     [run, mistake] = blocks(readme, "console")
     assert source.splitlines()[11].split()[:2] == ["GOTO", "LOOP"], "the mistake is in line 12"
     with tempfile.TemporaryDirectory() as folder:
@@ -39,6 +70,7 @@ def main():
         good = check(run, command_line, folder)
         program.write_text(source.replace("GOTO    LOOP", "GOTO    LOP"), encoding="utf-8")
         good = check(mistake, command_line, folder) and good
+        good = check_workflow(workflow, command_line, source, folder) and good
     return 0 if good else 1
 
 
