@@ -7,10 +7,12 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QTest>
+#include <QThread>
 #include <QTimer>
 #include <QUrl>
 #include <QWindow>
 #include <array>
+#include <utility>
 
 #include "monkey/windows_on_screen.h"
 
@@ -75,7 +77,19 @@ void Monkey::ScheduleNext() {
     QTimer::singleShot(kPause, qApp, [this] { Act(); });
 }
 
+// The toolkit's test functions let events in before they are done with a window. Nothing may happen
+// to the window then, except in the event loop of a dialog that has just been opened.
+void Monkey::Send(const std::function<void()>& input) {
+    const int before = std::exchange(inputLevel_, QThread::currentThread()->loopLevel());
+    input();
+    inputLevel_ = before;
+}
+
 void Monkey::Act() {
+    if (QThread::currentThread()->loopLevel() == inputLevel_) {
+        ScheduleNext();
+        return;
+    }
     if (actsLeft_ > 1 || QApplication::activeModalWidget() != nullptr) {
         ScheduleNext();
     }
@@ -141,11 +155,8 @@ void Monkey::WatchDialog() {
 
 void Monkey::AnswerDialog(QWidget& dialog) {
     if (actsLeft_ <= 1 || actsWithDialog_ > kActsUntilEscape) {
-        if (QApplication::activePopupWidget() != nullptr) {
-            QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
-            return;
-        }
-        QTest::keyClick(&dialog, Qt::Key_Escape);
+        QWidget* popup = QApplication::activePopupWidget();
+        Send([&] { QTest::keyClick(popup != nullptr ? popup : &dialog, Qt::Key_Escape); });
         return;
     }
     if (auto* files = qobject_cast<QFileDialog*>(&dialog)) {
@@ -179,23 +190,21 @@ void Monkey::Click(QWidget& window) {
 void Monkey::ClickAt(QWidget& widget, QPoint position) {
     QWidget* top = widget.window();
     const QPoint inWindow = widget.mapTo(top, position);
-    const QWindow* window = top->windowHandle();
+    QWindow* window = top->windowHandle();
     if (window == nullptr || !QRect(QPoint(), window->size()).contains(inWindow)) {
         return;
     }
     const auto modifiers = kModifiers[Pick(random_, 10) < 8 ? 0 : Pick(random_, kModifiers.size())];
     const std::size_t kind = Pick(random_, 10);
     const auto button = kind == 0 ? Qt::RightButton : Qt::LeftButton;
-    if (kind == 1) {
-        QTest::mouseDClick(top->windowHandle(), button, modifiers, inWindow);
-    } else {
-        QTest::mouseClick(top->windowHandle(), button, modifiers, inWindow);
-    }
+    const auto click = kind == 1 ? QTest::MouseDClick : QTest::MouseClick;
+    Send([&] { QTest::mouseEvent(click, window, button, modifiers, inWindow); });
 }
 
 void Monkey::PressKey(QWidget& window) {
-    QTest::keyClick(window.windowHandle(), kKeys[Pick(random_, kKeys.size())],
-                    kModifiers[Pick(random_, kModifiers.size())]);
+    const Qt::Key key = kKeys[Pick(random_, kKeys.size())];
+    const auto modifiers = kModifiers[Pick(random_, kModifiers.size())];
+    Send([&] { QTest::keyClick(window.windowHandle(), key, modifiers); });
 }
 
 void Monkey::TypeInto(QWidget& window, const QString& text) {
@@ -204,9 +213,10 @@ void Monkey::TypeInto(QWidget& window, const QString& text) {
         if (target == nullptr) {
             return;
         }
-        const int key = character == QLatin1Char('\n') ? Qt::Key_Return : 0;
-        QTest::sendKeyEvent(QTest::Click, target, static_cast<Qt::Key>(key), QString(character),
-                            Qt::NoModifier);
+        const auto key = character == QLatin1Char('\n') ? Qt::Key_Return : Qt::Key(0);
+        Send([&] {
+            QTest::sendKeyEvent(QTest::Click, target, key, QString(character), Qt::NoModifier);
+        });
     }
 }
 

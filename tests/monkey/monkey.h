@@ -4,6 +4,7 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <functional>
 #include <set>
 
 #include "monkey/playground.h"
@@ -31,6 +32,7 @@ class Monkey {
 
   private:
     void ScheduleNext();
+    void Send(const std::function<void()>& input);
     void Act();
     void WatchDialog();
     void AnswerDialog(QWidget& dialog);
@@ -51,6 +53,7 @@ class Monkey {
     Playground& playground_;
     ui::Desktop* desktop_ = nullptr;
     int actsLeft_ = 0;
+    int inputLevel_ = -1;  // the event loop in which an input is on its way
     QPointer<QWidget> watchedDialog_;
     int actsWithDialog_ = 0;
     QString stuckDialog_;
