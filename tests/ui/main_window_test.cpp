@@ -33,27 +33,6 @@ TEST_F(MainWindowTest, EmptyRowsOfShortLists) {
     EXPECT_EQ(Bit("qsfrbit4[0]"), "STATUS bit 4: not implemented");
 }
 
-// Every value is told apart by what it says about itself, in each position of the scroll bars.
-TEST_F(MainWindowTest, DescriptionsAreUnique) {
-    for (const int model : {1, 5, 7}) {
-        Start(model);
-        for (const char* bar : {"qgprpoint", "qsfrpoint"}) {
-            auto* scrollBar = Child<QScrollBar>(desktop->Main(), bar);
-            scrollBar->setValue(scrollBar->maximum());
-        }
-        std::map<QString, int> seen;
-        for (const QLabel* label : desktop->Main().findChildren<QLabel*>()) {
-            if (!label->accessibleDescription().isEmpty()) {
-                ++seen[label->accessibleDescription()];
-            }
-        }
-        EXPECT_GE(seen.size(), 197U);
-        for (const auto& [description, count] : seen) {
-            EXPECT_EQ(count, 1) << description.toStdString();
-        }
-    }
-}
-
 TEST_F(MainWindowTest, MenusAreCompleteAndHaveKeys) {
     Start();
     const char* const expected[] = {

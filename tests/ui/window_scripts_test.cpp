@@ -233,6 +233,7 @@ class WindowScript : public DesktopTest, public testing::WithParamInterface<std:
             }
             EXPECT_NE(desktop->Find(NumberOf(name)), nullptr) << name;
         }
+        QApplication::setActiveWindow(&Current());
     }
     void OpenFile(const std::string& path) { desktop->OpenFile(QString::fromStdString(path)); }
     void Close(const std::string& /*rest*/) {
