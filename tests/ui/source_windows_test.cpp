@@ -66,17 +66,23 @@ class SourceWindowTest : public DesktopTest {
     QPointer<SourceWindow> window;
 };
 
-TEST_F(SourceWindowTest, OpensAFileThatIsDroppedOnTheText) {
-    OpenFile("b.asm", "  nop", app::Window::Assembler);
-    auto& viewport = *Child<QPlainTextEdit>(*window, "RichTextBox1")->viewport();
+void Drop(QWidget& target, const std::string& path) {
     QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(QString::fromStdString(folder.Write("a.asm", "  sleep")))});
+    data.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
     QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&viewport, &enter);
+    QCoreApplication::sendEvent(&target, &enter);
     QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&viewport, &drop);
+    QCoreApplication::sendEvent(&target, &drop);
     QCoreApplication::processEvents();
-    EXPECT_EQ(window->windowTitle(), "Assembler - a.asm");
+}
+
+TEST_F(SourceWindowTest, OpensAFileThatIsDroppedOnTheTextOrTheMainWindow) {
+    OpenFile("b.asm", "  nop", app::Window::Assembler);
+    Drop(*Child<QPlainTextEdit>(*window, "RichTextBox1")->viewport(),
+         folder.Write("Größe 1.asm", "  sleep"));
+    EXPECT_EQ(window->windowTitle(), "Assembler - Größe 1.asm");
+    Drop(desktop->Main(), folder.Write("Größe 2.hex", app::HexOf({0x0063})));
+    EXPECT_EQ(desktop->Workbench().LoadedWords(), 1);
 }
 
 TEST_F(SourceWindowTest, ALineOfTheOutputIsFollowedAndCopied) {

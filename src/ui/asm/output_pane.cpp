@@ -2,8 +2,10 @@
 
 #include <QAction>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QStyledItemDelegate>
 #include <algorithm>
@@ -46,7 +48,7 @@ class OutputPane::LineDelegate final : public QStyledItemDelegate {
     OutputPane* pane_;
 };
 
-OutputPane::OutputPane(QWidget* parent) : QListView(parent) {
+OutputPane::OutputPane(QWidget* parent) : QListView(parent), contextMenu_(new QMenu(this)) {
     setFont(DataFont());
     setModel(&lines_);
     setItemDelegate(new LineDelegate(*this));
@@ -56,9 +58,8 @@ OutputPane::OutputPane(QWidget* parent) : QListView(parent) {
     setSelectionMode(ExtendedSelection);
     setHorizontalScrollMode(ScrollPerPixel);
     setMouseTracking(true);
-    setContextMenuPolicy(Qt::ActionsContextMenu);
-    connect(addAction(tr("&Copy")), &QAction::triggered, this, &OutputPane::CopySelection);
-    connect(addAction(tr("Select &All")), &QAction::triggered, this, &OutputPane::selectAll);
+    contextMenu_->addAction(tr("&Copy"), this, &OutputPane::CopySelection);
+    contextMenu_->addAction(tr("Select &All"), this, &OutputPane::selectAll);
 }
 
 void OutputPane::ShowOutput(const QString& text, std::vector<OutputLink> links) {
@@ -147,6 +148,10 @@ bool OutputPane::event(QEvent* event) {
         }
     }
     return QListView::event(event);
+}
+
+void OutputPane::contextMenuEvent(QContextMenuEvent* event) {
+    contextMenu_->popup(event->globalPos());
 }
 
 void OutputPane::keyPressEvent(QKeyEvent* event) {

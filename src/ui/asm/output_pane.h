@@ -8,6 +8,8 @@
 
 #include "ui/asm/output_lines.h"
 
+class QMenu;
+
 namespace corvane::ui {
 
 // A list, not a text editor: filling an editor with a long listing takes longer than assembling.
@@ -33,6 +35,7 @@ class OutputPane final : public QListView {
     bool event(QEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
@@ -43,6 +46,7 @@ class OutputPane final : public QListView {
     void Follow(const OutputLink& link);
 
     OutputLines lines_;
+    QMenu* contextMenu_;  // stays with the pane, which may go while it is open
     std::optional<int> followedLine_;
 };
 
