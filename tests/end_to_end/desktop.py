@@ -123,7 +123,9 @@ class Desktop(Screen):
             application = bus.get_child_at_index(i)
             if application is not None and application.get_process_id() == self.application.pid:
                 for j in range(application.get_child_count()):
-                    yield application.get_child_at_index(j)
+                    window = application.get_child_at_index(j)
+                    if window is not None:  # it may have gone meanwhile
+                        yield window
 
     def window(self, title):
         return wait_for(f"window {title}", lambda: next(
