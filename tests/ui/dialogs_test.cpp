@@ -114,6 +114,12 @@ TEST_F(DialogsTest, FileDialogs) {
     });
     EXPECT_EQ(dialogs.SaveFile(question),
               QDir::temp().filePath(QString::fromUtf8("neu \u00e4.hex")).toStdString());
+    Then<QFileDialog>([](QFileDialog& box) {
+        EXPECT_EQ(box.directory(), QDir::home());
+        QTest::keyClick(&box, Qt::Key_Escape);
+    });
+    EXPECT_EQ(dialogs.SaveFile({.title = {}, .filters = {}, .folder = "/proc/nowhere/"}),
+              std::nullopt);
 }
 
 TEST_F(DialogsTest, SelectMicrocontroller) {

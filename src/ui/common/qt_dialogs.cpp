@@ -1,6 +1,8 @@
 #include "ui/common/qt_dialogs.h"
 
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QStringList>
@@ -93,12 +95,17 @@ std::optional<std::string> QtDialogs::OpenFile(const app::FileDialog& dialog) {
     return RunFileDialog(box, window_, dialog);
 }
 
+// At the first start the folder is the application's, where an installed one lets nobody write.
 std::optional<std::string> QtDialogs::SaveFile(const app::FileDialog& dialog) {
+    app::FileDialog question = dialog;
+    if (!QFileInfo(QString::fromStdString(dialog.folder)).isWritable()) {
+        question.folder = QDir::homePath().toStdString();
+    }
     QFileDialog box(window_);
     box.setAcceptMode(QFileDialog::AcceptSave);
     box.setFileMode(QFileDialog::AnyFile);
     box.setOption(QFileDialog::DontConfirmOverwrite);
-    return RunFileDialog(box, window_, dialog);
+    return RunFileDialog(box, window_, question);
 }
 
 std::optional<int> QtDialogs::ChooseModel(int currentModel) {
