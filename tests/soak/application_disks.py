@@ -11,6 +11,7 @@ import tempfile
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "end_to_end"))
 import desktop  # noqa: E402
+from small_disk import fill, mount  # noqa: E402
 from sources import assembler_source, basic_source  # noqa: E402
 
 APPLICATION = sys.argv[1]
@@ -20,19 +21,6 @@ EDITORS = {
     "a.asm": (assembler_source(LINES, 1), "Assembler - a.asm", "; typed"),
     "b.bas": (basic_source(LINES, 1), "BASIC Compiler - b.bas", "'typed"),
 }
-
-
-def mount(folder, *options):
-    subprocess.run(["mount", *options, str(folder)], check=True)
-
-
-def fill(folder):
-    with open(folder / "filler", "wb", buffering=0) as filler:
-        try:
-            while True:
-                filler.write(b"x" * 4096)
-        except OSError:
-            pass
 
 
 def edit_on(folder, name):

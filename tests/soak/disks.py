@@ -8,6 +8,7 @@ import subprocess
 import sys
 import tempfile
 
+from small_disk import fill, mount
 from sources import assembler_source, basic_source
 
 CLI = sys.argv[1]
@@ -29,19 +30,6 @@ def expect_refusal(folder, reason, *arguments):
     if snapshot(folder) != before:
         sys.exit(f"{arguments}: a file has changed")
     print(f"{' '.join(arguments)}: {result.stderr.strip()}")
-
-
-def fill(folder):
-    with open(folder / "filler", "wb", buffering=0) as filler:
-        try:
-            while True:
-                filler.write(b"x" * 4096)
-        except OSError:
-            pass
-
-
-def mount(folder, *options):
-    subprocess.run(["mount", *options, str(folder)], check=True)
 
 
 def main():
