@@ -204,7 +204,18 @@ void Monkey::ClickAt(QWidget& widget, QPoint position) {
 void Monkey::PressKey(QWidget& window) {
     const Qt::Key key = kKeys[Pick(random_, kKeys.size())];
     const auto modifiers = kModifiers[Pick(random_, kModifiers.size())];
-    Send([&] { QTest::keyClick(window.windowHandle(), key, modifiers); });
+    const char character = QTest::keyToAscii(key);
+    const QString text = character != 0 ? QString(QLatin1Char(character)) : QString();
+    // Not keyClick(), which lets events in between the keys that it presses for the modifiers and
+    // then goes on with a window that may have gone.
+    const QPointer<QWindow> target = window.windowHandle();
+    Send([&] {
+        for (const bool isPress : {true, false}) {
+            if (target != nullptr) {
+                QTest::simulateEvent(target, isPress, key, modifiers, text, false);
+            }
+        }
+    });
 }
 
 void Monkey::TypeInto(QWidget& window, const QString& text) {
