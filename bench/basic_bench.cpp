@@ -51,7 +51,7 @@ void CompileLines(benchmark::State& state) {
         const auto compilation =
             Compile(text, models::kModelCatalogue[kPic16F877], description, 4.0F);
         if (!compilation) {
-            state.SkipWithError(ErrorText(compilation.error).c_str());
+            state.SkipWithError(TextWithLine(compilation.error).c_str());
             break;
         }
         benchmark::DoNotOptimize(compilation->assembler.data());

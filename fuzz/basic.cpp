@@ -17,7 +17,7 @@ namespace {
 
 using corvane::basic::Compilation;
 using corvane::basic::EditorKeyword;
-using corvane::basic::LineMessage;
+using corvane::common::Diagnostic;
 using corvane::models::ModelDescription;
 
 void Require(bool holds) {
@@ -62,10 +62,9 @@ void CheckAssembles(const Compilation& compilation) {
     Require(compilation.assembler.ends_with("; End of listing\r\n        END\r\n"));
 }
 
-void CheckLineNumber(const LineMessage& message, std::string_view text, int extraLines) {
+void CheckLineNumber(const Diagnostic& message, std::string_view text, int extraLines) {
     const auto lines = std::count(text.begin(), text.end(), '\n');
-    Require(!message.message.empty() && message.lineNumber >= 1 &&
-            message.lineNumber <= lines + extraLines);
+    Require(!message.text.empty() && message.line >= 1 && message.line <= lines + extraLines);
 }
 
 }  // namespace
@@ -83,7 +82,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         CheckLineNumber(compilation.error, text, 1);
         return 0;
     }
-    for (const LineMessage& warning : compilation->warnings) {
+    for (const Diagnostic& warning : compilation->warnings) {
         CheckLineNumber(warning, text, 0);
     }
     CheckAssembles(*compilation);

@@ -13,11 +13,10 @@ void RemoveFile(const std::string& path) {
     std::filesystem::remove(path, ignored);
 }
 
-std::string WarningLines(const std::vector<basic::LineMessage>& warnings) {
+std::string WarningLines(const std::vector<common::Diagnostic>& warnings) {
     std::string lines;
-    for (const basic::LineMessage& warning : warnings) {
-        lines += "Warning in line " + std::to_string(warning.lineNumber) + ": " + warning.message +
-                 "\r\n";
+    for (const common::Diagnostic& warning : warnings) {
+        lines += common::TextWithLine(warning) + "\r\n";
     }
     return lines;
 }
@@ -59,14 +58,14 @@ void ReportAssembly(Dialogs& dialogs, const AssemblyRun& run) {
     }
 }
 
-std::optional<basic::LineMessage> CompileSource(const Workbench& workbench, Dialogs& dialogs,
+std::optional<common::Diagnostic> CompileSource(const Workbench& workbench, Dialogs& dialogs,
                                                 const SourceFile& source, std::string_view text,
                                                 const common::ProgressCallback& progress) {
     const auto compilation =
         basic::Compile(text, workbench.Model(), workbench.Processor().description,
                        workbench.Settings().ClockFrequency(), progress);
     if (!compilation) {
-        dialogs.Inform(basic::ErrorText(compilation.error));
+        dialogs.Inform(common::TextWithLine(compilation.error));
         return compilation.error;
     }
     const std::string path = source.PathWithExtension(".asm");

@@ -12,6 +12,7 @@
 #include "app/workbench.h"
 #include "asm/assembler.h"
 #include "basic/compiler.h"
+#include "common/diagnostic.h"
 #include "common/progress.h"
 
 namespace corvane::app {
@@ -33,7 +34,7 @@ void ReportAssembly(Dialogs& dialogs, const AssemblyRun& run);
 // Compiles the rewritten text for the selected model, writes the assembler source beside it and
 // tells of the success, with warnings as its details. An error is told and returned; it leaves an
 // older output file as it was.
-std::optional<basic::LineMessage> CompileSource(const Workbench& workbench, Dialogs& dialogs,
+std::optional<common::Diagnostic> CompileSource(const Workbench& workbench, Dialogs& dialogs,
                                                 const SourceFile& source, std::string_view text,
                                                 const common::ProgressCallback& progress = {});
 

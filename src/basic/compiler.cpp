@@ -16,7 +16,7 @@ namespace corvane::basic {
 
 namespace {
 
-using CompileResult = common::Result<Compilation, LineMessage>;
+using CompileResult = common::Result<Compilation, common::Diagnostic>;
 
 constexpr std::array<std::string_view, kScratchRegisters> kScratchRegisterNames = {
     "R0L", "R0H", "R1L", "R1H", "R2L", "R2H", "R3L", "R3H", "R4L", "R4H"};
@@ -67,16 +67,13 @@ CompileResult Compile(std::string_view text, const models::Model& model,
     };
     WriteBegin(translation.code, description.gprList);
     if (const Problem problem = TranslationPass(translation, lines, progress)) {
-        return CompileResult::Failure({translation.lineNumber, std::string(*problem)});
+        return CompileResult::Failure(
+            {.line = translation.lineNumber, .text = std::string(*problem)});
     }
     WriteEnd(translation);
     translation.lineNumber = std::max(static_cast<int>(lines.size()), 1);
     WarnOfLimits(translation);
     return CompileResult::Success({translation.code.Text(), std::move(translation.warnings)});
-}
-
-std::string ErrorText(const LineMessage& error) {
-    return "Error in line " + std::to_string(error.lineNumber) + ": " + error.message;
 }
 
 }  // namespace corvane::basic

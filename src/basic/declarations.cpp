@@ -81,10 +81,10 @@ Problem CheckDeclaredName(std::string_view name, const VariableTable& variables)
     return kNoProblem;
 }
 
-common::Result<Declarations, LineMessage> DeclarationPass(
+common::Result<Declarations, common::Diagnostic> DeclarationPass(
     std::vector<SourceLine>& lines, const VariableTable& registers, int ramCells,
     LabelGenerator& labels, const common::ProgressCallback& progress) {
-    using PassResult = common::Result<Declarations, LineMessage>;
+    using PassResult = common::Result<Declarations, common::Diagnostic>;
     DeclaredCounts counts;
     Declarations result;
     int lineNumber = 0;
@@ -99,7 +99,7 @@ common::Result<Declarations, LineMessage> DeclarationPass(
             problem = kNotEnoughRam;
         }
         if (problem) {
-            return PassResult::Failure({lineNumber, std::string(*problem)});
+            return PassResult::Failure({.line = lineNumber, .text = std::string(*problem)});
         }
         if (!line.userLabel.empty()) {
             result.lineLabels.emplace(line.userLabel, line.generatedLabel);

@@ -49,10 +49,9 @@ Problem CheckDeclaredName(std::string_view name, const VariableTable& variables)
 
 // Takes the labels off the lines and counts the declarations. The names in the result point into
 // the lines.
-common::Result<Declarations, LineMessage> DeclarationPass(std::vector<SourceLine>& lines,
-                                                          const VariableTable& registers,
-                                                          int ramCells, LabelGenerator& labels,
-                                                          const common::ProgressCallback& progress);
+common::Result<Declarations, common::Diagnostic> DeclarationPass(
+    std::vector<SourceLine>& lines, const VariableTable& registers, int ramCells,
+    LabelGenerator& labels, const common::ProgressCallback& progress);
 
 struct PlacedVariable {
     Operand variable;

@@ -48,13 +48,16 @@ struct Translation {
     std::vector<OpenWhile> openWhiles{};
     std::vector<OpenIf> openIfs{};
     std::vector<OpenFor> openFors{};
-    std::vector<LineMessage> warnings{};
+    std::vector<common::Diagnostic> warnings{};
     int lineNumber = 0;  // of the line that is translated
     bool lineHasLabel = false;
     bool warnedOfLength = false;
     bool warnedOfLabels = false;
 
-    void Warn(std::string message) { warnings.push_back({lineNumber, std::move(message)}); }
+    void Warn(std::string text) {
+        warnings.push_back(
+            {.line = lineNumber, .severity = common::Severity::Warning, .text = std::move(text)});
+    }
 };
 
 // The second pass: writes the code of all lines. After a problem, lineNumber is the line that has

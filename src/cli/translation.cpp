@@ -39,14 +39,14 @@ common::Result<std::string> CompileText(const std::string& file, std::string_vie
     const models::ModelDescription& description = modelFile.description;
     ReportBadSymbolLines(modelFile, description.basicSymbolLines);
     const std::string rewritten = basic::RewriteText(text, basic::EditorKeywords(description));
-    common::Result<basic::Compilation, basic::LineMessage> compilation =
+    common::Result<basic::Compilation, common::Diagnostic> compilation =
         basic::Compile(rewritten, *modelFile.model, description, clockFrequency);
     if (!compilation) {
-        const basic::LineMessage& error = compilation.error;
-        return CompileResult::Failure(ErrorText(file, error.lineNumber, error.message));
+        const common::Diagnostic& error = compilation.error;
+        return CompileResult::Failure(ErrorText(file, error.line, error.text));
     }
-    for (const basic::LineMessage& warning : compilation->warnings) {
-        ReportWarning(file, warning.lineNumber, warning.message);
+    for (const common::Diagnostic& warning : compilation->warnings) {
+        ReportWarning(file, warning.line, warning.text);
     }
     return CompileResult::Success(std::move(compilation->assembler));
 }

@@ -8,7 +8,7 @@
 namespace corvane::common {
 
 template <typename Value, typename Error = std::string>
-struct Result {
+struct [[nodiscard]] Result {
     std::optional<Value> value;
     Error error{};  // meaningful only without a value
 

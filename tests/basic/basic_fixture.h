@@ -11,7 +11,7 @@
 namespace corvane::basic {
 
 // Rewrites the text, then compiles it. The clock frequency is in MHz.
-inline common::Result<Compilation, LineMessage> CompileSource(
+inline common::Result<Compilation, common::Diagnostic> CompileSource(
     std::string_view text, const models::Model& model, const models::ModelDescription& description,
     float clockFrequency = 4.0F) {
     return Compile(RewriteText(text, EditorKeywords(description)), model, description,
@@ -22,7 +22,7 @@ inline common::Result<Compilation, LineMessage> CompileSource(
 inline std::string CompileError(std::string_view text) {
     const models::Model& model = ModelNamed("PIC16F84");
     const auto compilation = CompileSource(text, model, DescriptionOf(model));
-    return compilation ? "" : ErrorText(compilation.error);
+    return compilation ? "" : TextWithLine(compilation.error);
 }
 
 }  // namespace corvane::basic

@@ -36,7 +36,7 @@ Chip::Chip(std::string_view modelName, std::string_view text, float clockFrequen
     : processor_(core::MakeProcessor(ModelNamed(modelName), DescriptionOf(ModelNamed(modelName)))) {
     const auto compilation =
         CompileSource(text, *processor_.model, processor_.description, clockFrequency);
-    EXPECT_TRUE(compilation) << ErrorText(compilation.error) << "\n" << text;
+    EXPECT_TRUE(compilation) << TextWithLine(compilation.error) << "\n" << text;
     if (compilation) {
         warnings_ = compilation->warnings;
         ReadVariables(compilation->assembler);

@@ -31,7 +31,7 @@ class Chip {
     int Address(const std::string& name) const { return variables_.at(name).address; }
 
     core::Processor& Processor() { return processor_; }
-    const std::vector<LineMessage>& Warnings() const { return warnings_; }
+    const std::vector<common::Diagnostic>& Warnings() const { return warnings_; }
 
   private:
     struct Variable {
@@ -45,7 +45,7 @@ class Chip {
 
     core::Processor processor_;
     std::map<std::string, Variable> variables_;
-    std::vector<LineMessage> warnings_;
+    std::vector<common::Diagnostic> warnings_;
 };
 
 }  // namespace corvane::basic

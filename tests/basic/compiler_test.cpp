@@ -37,7 +37,7 @@ std::string NumberedLines(int count, const std::string& before, const std::strin
 Compilation CompileFor(std::string_view modelName, std::string_view text, float clock = 4.0F) {
     const models::Model& model = ModelNamed(modelName);
     auto compilation = CompileSource(text, model, DescriptionOf(model), clock);
-    EXPECT_TRUE(compilation) << ErrorText(compilation.error);
+    EXPECT_TRUE(compilation) << TextWithLine(compilation.error);
     return compilation ? std::move(*compilation) : Compilation();
 }
 
@@ -58,7 +58,7 @@ TEST(Compile, ModelWithoutRam) {
     const auto compilation = Compile("\r\n", ModelNamed("PIC16F84"), {}, 4.0F);
     ASSERT_FALSE(compilation);
     EXPECT_EQ("Error in line 1: Not enough RAM memory available for this variable.",
-              ErrorText(compilation.error));
+              TextWithLine(compilation.error));
 }
 
 // A PIC16F84 has 68 bytes of RAM, and the generated code needs ten of them.
@@ -90,24 +90,24 @@ TEST(Compile, LabelsEndAt9999) {
     EXPECT_NE(std::string::npos, compilation.assembler.find("        GOTO L9998\r\n; End\r\n"
                                                             "L9999:  GOTO L9999\r\n"));
     EXPECT_EQ(1U, compilation.warnings.size());
-    const std::vector<LineMessage> warnings = CompileFor("PIC16F84", most + "l:\n").warnings;
+    const std::vector<common::Diagnostic> warnings = CompileFor("PIC16F84", most + "l:\n").warnings;
     ASSERT_EQ(2U, warnings.size());
-    EXPECT_EQ(9999, warnings[1].lineNumber);
+    EXPECT_EQ(9999, warnings[1].line);
     EXPECT_EQ("The program needs more than 9999 labels from this line on; they repeat.",
-              warnings[1].message);
+              warnings[1].text);
 }
 
 // "portb = 1" takes two words, the end one.
 TEST(Compile, WarnsOfTheLineBeyond2048Words) {
     const std::string fits = Repeated(1023, "portb=1\n") + "portb=0\n";
     EXPECT_TRUE(CompileFor("PIC16F877", fits).warnings.empty());
-    const std::vector<LineMessage> warnings = CompileFor("PIC16F877", fits + fits).warnings;
+    const std::vector<common::Diagnostic> warnings = CompileFor("PIC16F877", fits + fits).warnings;
     ASSERT_EQ(1U, warnings.size());
-    EXPECT_EQ(1025, warnings[0].lineNumber);
+    EXPECT_EQ(1025, warnings[0].line);
     EXPECT_EQ(
         "The program exceeds 2048 words from this line on; jumps and calls reach only the first "
         "2048.",
-        warnings[0].message);
+        warnings[0].text);
 }
 
 TEST(Compile, LongLines) {

@@ -60,8 +60,8 @@ std::vector<std::string> SourceNames() {
 
 std::string WarningTexts(const Compilation& compilation) {
     std::string text;
-    for (const LineMessage& warning : compilation.warnings) {
-        text += std::to_string(warning.lineNumber) + ": " + warning.message + "\n";
+    for (const common::Diagnostic& warning : compilation.warnings) {
+        text += std::to_string(warning.line) + ": " + warning.text + "\n";
     }
     return text;
 }
@@ -84,7 +84,7 @@ TEST_P(BasicFile, GivesTheExpectedAssembler) {
     const Setting setting = ReadSetting(source);
     const auto compilation = CompileSource(source, ModelNamed(setting.modelName),
                                            setting.description, setting.clockFrequency);
-    ASSERT_TRUE(compilation) << ErrorText(compilation.error);
+    ASSERT_TRUE(compilation) << TextWithLine(compilation.error);
     EXPECT_EQ(ReadSourceFile(path + ".asm"), common::WithLf(compilation->assembler));
     EXPECT_EQ(compilation->assembler, common::WithCrLf(compilation->assembler));
     const bool hasWarnings = fs::exists(CORVANE_SOURCE_DIR "/" + path + ".warnings");

@@ -36,7 +36,7 @@ TEST(BasicHelp, EveryProgramCompiles) {
     for (const std::string& program : programs) {
         EXPECT_EQ(RewriteText(program, EditorKeywords(description)), program);
         const auto compilation = Compile(program, model, description, 4);
-        EXPECT_TRUE(compilation) << program << ErrorText(compilation.error);
+        EXPECT_TRUE(compilation) << program << TextWithLine(compilation.error);
     }
 }
 

@@ -67,12 +67,12 @@ void BasicWindow::Compile() {
     if (!text) {
         return;
     }
-    std::optional<basic::LineMessage> error;
+    std::optional<common::Diagnostic> error;
     RunTranslation([&](const common::ProgressCallback& progress) {
         error = app::CompileSource(Workbench(), Dialogs(), File(), *text, progress);
     });
     if (error) {
-        Editor().GoToLine(error->lineNumber);
+        Editor().GoToLine(error->line);
     }
 }
 
