@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <utility>
+#include <variant>
 
 #include "common/number_text.h"
 
@@ -29,20 +30,20 @@ constexpr std::array<std::array<BankLines, kBanks>, kBanks> kBankLines = {{
     {{{kClearRp1, kClearRp0}, {kClearRp1}, {kClearRp0}, {}}},
 }};
 
-// The address within its bank.
-std::string RegisterText(int address) {
-    return common::PrefixedHex2(address % 128);
-}
-
-std::string RegisterInstruction(std::string_view mnemonic, int address,
+// With the address within its bank.
+std::string RegisterInstruction(std::string_view mnemonic, Register cell,
                                 std::string_view destination) {
-    return std::string(mnemonic).append(" ").append(RegisterText(address)).append(destination);
+    return std::string(mnemonic)
+        .append(" ")
+        .append(common::PrefixedHex2(cell.address % kBankSize))
+        .append(destination);
 }
 
 }  // namespace
 
 void CodeWriter::Line(std::string_view text) {
     text_.append(text).append(kLineEnd);
+    sourceLines_.push_back(sourceLine_);
 }
 
 void CodeWriter::InstructionLine(std::string_view text) {
@@ -55,10 +56,30 @@ void CodeWriter::Instruction(std::string_view text) {
     InstructionLine(std::string(kInstructionColumn, ' ').append(text));
 }
 
+void CodeWriter::Instruction(std::string_view mnemonic, Literal literal) {
+    Instruction(std::string(mnemonic).append(" ").append(common::PrefixedHex2(literal.value)));
+}
+
+void CodeWriter::Instruction(std::string_view mnemonic, Register cell,
+                             std::string_view destination) {
+    SelectBankOf(cell);
+    Instruction(RegisterInstruction(mnemonic, cell, destination));
+}
+
+void CodeWriter::Instruction(std::string_view mnemonic, const Variable& bit) {
+    Instruction(mnemonic, LowByte(bit), "," + std::to_string(bit.bit));
+}
+
 void CodeWriter::LabelLine(std::string_view label, std::string_view instruction) {
     std::string line = std::string(label) + ':';
     line.resize(std::max(line.size(), kInstructionColumn), ' ');
     InstructionLine(line.append(instruction));
+}
+
+void CodeWriter::LabelLine(std::string_view label, std::string_view mnemonic, Register cell,
+                           std::string_view destination) {
+    SelectBankOf(cell);
+    LabelLine(label, RegisterInstruction(mnemonic, cell, destination));
 }
 
 void CodeWriter::LabelLineFromBank(std::string_view label, int bank) {
@@ -67,58 +88,19 @@ void CodeWriter::LabelLineFromBank(std::string_view label, int bank) {
     SelectBank(0);
 }
 
-void CodeWriter::Literal(std::string_view mnemonic, int value) {
-    Instruction(std::string(mnemonic).append(" ").append(common::PrefixedHex2(value)));
+void CodeWriter::Load(const ByteOperand& byte) {
+    WithByte(byte, "MOVLW", "MOVF");
 }
 
-void CodeWriter::Register(std::string_view mnemonic, int address, std::string_view destination) {
-    SelectBankOf(address);
-    Instruction(RegisterInstruction(mnemonic, address, destination));
+void CodeWriter::AddToW(const ByteOperand& byte) {
+    WithByte(byte, "ADDLW", "ADDWF");
 }
 
-void CodeWriter::LabelRegister(std::string_view label, std::string_view mnemonic, int address,
-                               std::string_view destination) {
-    SelectBankOf(address);
-    LabelLine(label, RegisterInstruction(mnemonic, address, destination));
+void CodeWriter::SubtractWFrom(const ByteOperand& byte) {
+    WithByte(byte, "SUBLW", "SUBWF");
 }
 
-void CodeWriter::Bit(std::string_view mnemonic, const Operand& bit) {
-    Register(mnemonic, bit.address, "," + std::to_string(bit.bit));
-}
-
-void CodeWriter::Load(ByteOperand byte) {
-    if (byte.isConstant) {
-        Literal("MOVLW", byte.value);
-    } else {
-        Register("MOVF", byte.value, ",W");
-    }
-}
-
-void CodeWriter::AddToW(ByteOperand byte) {
-    if (byte.isConstant) {
-        Literal("ADDLW", byte.value);
-    } else {
-        Register("ADDWF", byte.value, ",W");
-    }
-}
-
-void CodeWriter::SubtractWFrom(ByteOperand byte) {
-    if (byte.isConstant) {
-        Literal("SUBLW", byte.value);
-    } else {
-        Register("SUBWF", byte.value, ",W");
-    }
-}
-
-void CodeWriter::StoreTo(ByteOperand byte) {
-    Register("MOVWF", byte.value);
-}
-
-void CodeWriter::Clear(ByteOperand byte) {
-    Register("CLRF", byte.value);
-}
-
-void CodeWriter::LoadInto(std::string_view scratchRegister, ByteOperand byte) {
+void CodeWriter::LoadInto(std::string_view scratchRegister, const ByteOperand& byte) {
     Load(byte);
     SelectBank(0);
     Instruction(std::string("MOVWF ").append(scratchRegister));
@@ -151,8 +133,8 @@ void CodeWriter::SelectBank(int bank) {
     }
 }
 
-void CodeWriter::SelectBankOf(int address) {
-    SelectBank(BankOf(address));
+void CodeWriter::SelectBankOf(Register cell) {
+    SelectBank(BankOf(cell));
 }
 
 bool CodeWriter::TakeBankLineAfterSkip() {
@@ -162,6 +144,15 @@ bool CodeWriter::TakeBankLineAfterSkip() {
 void CodeWriter::BankLine(std::string_view instruction) {
     bankLineAfterSkip_ |= lastIsSkip_;
     Instruction(instruction);
+}
+
+void CodeWriter::WithByte(const ByteOperand& byte, std::string_view literalMnemonic,
+                          std::string_view registerMnemonic) {
+    if (const auto* const literal = std::get_if<Literal>(&byte)) {
+        Instruction(literalMnemonic, *literal);
+    } else {
+        Instruction(registerMnemonic, std::get<Register>(byte), ",W");
+    }
 }
 
 }  // namespace corvane::basic

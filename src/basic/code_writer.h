@@ -4,55 +4,57 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
-#include "basic/symbols.h"
+#include "basic/variables.h"
 
 namespace corvane::basic {
 
-// The data-memory bank of an address.
-constexpr int BankOf(int address) {
-    return address / 128;
+constexpr int kBankSize = 128;  // addresses of data memory
+
+// The bank of an address, from 0.
+constexpr int BankOf(Register cell) {
+    return cell.address / kBankSize;
 }
 
 class CodeWriter {
   public:
+    // The lines that follow come from this line of the source; from none before the first call and
+    // after 0.
+    void BeginSourceLine(int number) { sourceLine_ = number; }
+
     // A line that is no instruction.
     void Line(std::string_view text);
 
     // A line that holds an instruction, with its label or indentation.
     void InstructionLine(std::string_view text);
 
+    // "CLRW"; "MOVLW 0x1F"; "MOVF 0x0C,W" and "BTFSC 0x06,3" with the bank of the register or Bit
+    // selected before it. The destination includes its comma.
     void Instruction(std::string_view text);
+    void Instruction(std::string_view mnemonic, Literal literal);
+    void Instruction(std::string_view mnemonic, Register cell, std::string_view destination = "");
+    void Instruction(std::string_view mnemonic, const Variable& bit);
 
     // An instruction with a label, which takes the first eight columns.
     void LabelLine(std::string_view label, std::string_view instruction = "NOP");
+    void LabelLine(std::string_view label, std::string_view mnemonic, Register cell,
+                   std::string_view destination);
 
     // A NOP whose label is reached by jumps that leave this bank selected; bank 0 after it.
     void LabelLineFromBank(std::string_view label, int bank);
 
-    // "MOVLW 0x1F"
-    void Literal(std::string_view mnemonic, int value);
-
-    // "MOVF 0x0C,W" with the register's bank selected; the destination includes its comma.
-    void Register(std::string_view mnemonic, int address, std::string_view destination = "");
-
-    // The same as LabelLine.
-    void LabelRegister(std::string_view label, std::string_view mnemonic, int address,
-                       std::string_view destination);
-
-    // "BTFSC 0x06,3" with the bit's bank selected.
-    void Bit(std::string_view mnemonic, const Operand& bit);
-
     // Each selects the bank of a register before it uses it.
-    void Load(ByteOperand byte);           // W = byte
-    void AddToW(ByteOperand byte);         // W = byte + W
-    void SubtractWFrom(ByteOperand byte);  // W = byte - W
-    void StoreTo(ByteOperand byte);        // byte = W; the byte is a register
-    void Clear(ByteOperand byte);          // byte = 0; the byte is a register
+    void Load(const ByteOperand& byte);           // W = byte
+    void AddToW(const ByteOperand& byte);         // W = byte + W
+    void SubtractWFrom(const ByteOperand& byte);  // W = byte - W
+    void StoreTo(Register cell) { Instruction("MOVWF", cell); }
+    void Clear(Register cell) { Instruction("CLRF", cell); }
 
     // Loads into a scratch register ("R0L"), or into a pair of them ("R0" for R0L and R0H), whose
     // high byte is cleared for a Byte. Bank 0 is selected then.
-    void LoadInto(std::string_view scratchRegister, ByteOperand byte);
+    void LoadInto(std::string_view scratchRegister, const ByteOperand& byte);
     void LoadPair(std::string_view scratchPair, const Operand& operand, BasicType type);
 
     void Goto(std::string_view label);
@@ -60,18 +62,25 @@ class CodeWriter {
     // Selects a bank with as few instructions as possible; banks from 4 on do not exist and need
     // none. Bank 0 is selected at the beginning.
     void SelectBank(int bank);
-    void SelectBankOf(int address);
+    void SelectBankOf(Register cell);
 
-    const std::string& Text() const { return text_; }
     int ProgramWords() const { return programWords_; }  // instructions written so far
 
     // Whether a bank selection was written directly after a skip since the last call.
     bool TakeBankLineAfterSkip();
 
+    // All that was written, and the source line of each of its lines.
+    std::string TakeText() { return std::move(text_); }
+    std::vector<int> TakeSourceLines() { return std::move(sourceLines_); }
+
   private:
     void BankLine(std::string_view instruction);
+    void WithByte(const ByteOperand& byte, std::string_view literalMnemonic,
+                  std::string_view registerMnemonic);
 
     std::string text_;
+    std::vector<int> sourceLines_;
+    int sourceLine_ = 0;
     int currentBank_ = 0;
     int programWords_ = 0;
     bool lastIsSkip_ = false;

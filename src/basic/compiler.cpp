@@ -6,9 +6,9 @@
 #include <cstddef>
 #include <utility>
 
-#include "basic/declarations.h"
-#include "basic/source_lines.h"
+#include "basic/program.h"
 #include "basic/translation.h"
+#include "basic/words.h"
 #include "common/number_text.h"
 #include "models/symbol_lines.h"
 
@@ -36,6 +36,7 @@ void WriteBegin(CodeWriter& code, const std::vector<models::Gpr>& cells) {
 
 void WriteEnd(Translation& translation) {
     CodeWriter& code = translation.code;
+    code.BeginSourceLine(0);
     code.Line("; End");
     const std::string label = translation.labels.NewLabel();
     code.LabelLine(label, "GOTO " + label);
@@ -49,31 +50,32 @@ void WriteEnd(Translation& translation) {
 CompileResult Compile(std::string_view text, const models::Model& model,
                       const models::ModelDescription& description, float clockFrequency,
                       const common::ProgressCallback& progress) {
-    std::vector<SourceLine> lines = PrepareSource(text);
+    const std::vector<std::string> lines = PrepareLines(text);
     VariableTable variables(models::ReadSymbolLines(description.basicSymbolLines).symbols);
     LabelGenerator labels;
-    auto declarations = DeclarationPass(
-        lines, variables, static_cast<int>(description.gprList.size()), labels, progress);
-    if (!declarations) {
-        return CompileResult::Failure(std::move(declarations.error));
+    auto program = ReadProgram(lines, variables, static_cast<int>(description.gprList.size()),
+                               labels, progress);
+    if (!program) {
+        return CompileResult::Failure(std::move(program.error));
     }
     Translation translation{
         .variables = std::move(variables),
-        .ram = RamPlacement(description.gprList, declarations->bitBytes),
-        .lineLabels = std::move(declarations->lineLabels),
+        .ram = RamPlacement(description.gprList, program->declared.BitCells()),
+        .lineLabels = std::move(program->lineLabels),
         .labels = labels,
         .eeprom = models::TraitsOf(model.family),
         .waitLoopCount = WaitLoopCount(clockFrequency),
     };
     WriteBegin(translation.code, description.gprList);
-    if (const Problem problem = TranslationPass(translation, lines, progress)) {
+    if (common::Status status = TranslateLines(translation, program->lines, progress); !status) {
         return CompileResult::Failure(
-            {.line = translation.lineNumber, .text = std::string(*problem)});
+            {.line = translation.lineNumber, .text = std::move(status.error)});
     }
     WriteEnd(translation);
     translation.lineNumber = std::max(static_cast<int>(lines.size()), 1);
     WarnOfLimits(translation);
-    return CompileResult::Success({translation.code.Text(), std::move(translation.warnings)});
+    return CompileResult::Success({translation.code.TakeText(), translation.code.TakeSourceLines(),
+                                   std::move(translation.warnings)});
 }
 
 }  // namespace corvane::basic

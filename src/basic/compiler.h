@@ -14,7 +14,10 @@
 namespace corvane::basic {
 
 struct Compilation {
-    std::string assembler;                     // CR LF line ends
+    std::string assembler;  // CR LF line ends
+    // Of each line of the assembler text the BASIC line that it comes from, from 1; 0 of the lines
+    // before the program and of the end and the run-time routines behind it.
+    std::vector<int> sourceLines;
     std::vector<common::Diagnostic> warnings;  // in line order
 };
 

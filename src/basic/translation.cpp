@@ -1,119 +1,93 @@
 #include "basic/translation.h"
 
-#include <algorithm>
-#include <array>
-#include <optional>
 #include <string>
+#include <variant>
 
-#include "basic/statements.h"
+#include "basic/statements/translate.h"
 
 namespace corvane::basic {
+
+using common::Status;
 
 namespace {
 
 // Jumps and calls reach the page that PCLATH selects, which the code never changes.
 constexpr int kPageWords = 2048;
 
-struct StatementForm {
-    bool (*matches)(const Words& words);
-    Problem (*translate)(Translation& translation, const Words& words);
-};
-
-// In the order in which they are tried: some words match several forms.
-constexpr auto kStatementForms = std::to_array<StatementForm>({
-    {IsDeclaration, TranslateDeclaration},
-    {IsSquareRoot, TranslateSquareRoot},
-    {IsAssignment, TranslateAssignment},
-    {IsArithmetic, TranslateArithmetic},
-    {IsNegation, TranslateNegation},
-    {IsBitLogic, TranslateBitLogic},
-    {IsWhile, TranslateWhile},
-    {IsWend, TranslateWend},
-    {IsIf, TranslateIf},
-    {IsElse, TranslateElse},
-    {IsEndif, TranslateEndif},
-    {IsFor, TranslateFor},
-    {IsNext, TranslateNext},
-    {IsGoto, TranslateGoto},
-    {IsRead, TranslateRead},
-    {IsWrite, TranslateWrite},
-    {IsWaitMs, TranslateWaitMs},
-});
-
-Problem TranslateStatement(Translation& translation, const Words& words) {
-    if (words.count == 0) {
-        return kNoProblem;
-    }
-    const auto* const form =
-        std::find_if(kStatementForms.begin(), kStatementForms.end(),
-                     [&words](const StatementForm& row) { return row.matches(words); });
-    return form == kStatementForms.end() ? Problem("Syntax error.")
-                                         : form->translate(translation, words);
-}
-
-void WriteLineHead(Translation& translation, const SourceLine& line) {
+void WriteLineHead(Translation& translation, const Line& line) {
     std::string comment = "; " + std::to_string(translation.lineNumber) + ": ";
-    if (translation.lineHasLabel) {
-        comment += line.userLabel + ": ";
+    if (!line.label.empty()) {
+        comment.append(line.label).append(": ");
     }
-    translation.code.Line(comment + line.statement);
-    if (translation.lineHasLabel) {
+    translation.code.Line(comment.append(line.text));
+    if (!line.label.empty()) {
         translation.code.LabelLine(line.generatedLabel);
     }
 }
 
-Problem TranslateLine(Translation& translation, const SourceLine& line) {
-    translation.lineHasLabel = !line.userLabel.empty();
+// The first pass counts declarations without a label only.
+void WarnOfUncounted(Translation& translation, const Line& line) {
+    const auto* const declaration = std::get_if<Declaration>(&line.statement);
+    if (declaration != nullptr && !line.label.empty()) {
+        translation.Warn(
+            "The declaration of '" + std::string(declaration->name) +
+            "' follows a label and is not counted; other variables may get its memory.");
+    }
+}
+
+Status TranslateLine(Translation& translation, const Line& line) {
     WriteLineHead(translation, line);
-    const std::optional<Words> words = SplitWords(line.statement);
-    const Problem problem = words ? TranslateStatement(translation, *words) : kNoProblem;
+    WarnOfUncounted(translation, line);
+    Status status = std::visit(
+        [&](const auto& statement) { return Translate(translation, statement); }, line.statement);
     translation.code.SelectBank(0);
     if (translation.code.TakeBankLineAfterSkip()) {
         translation.Warn(
             "The bits are in different banks and a bank selection follows a skip; "
             "the statement will not work.");
     }
-    return problem;
+    return status;
 }
 
-Problem CheckAllClosed(const Translation& translation) {
-    if (!translation.openWhiles.empty()) {
-        return "Wend is missing.";
+Status CheckAllClosed(const OpenBlocks& open) {
+    if (!open.whiles.empty()) {
+        return Status::Failure("Wend is missing.");
     }
-    if (!translation.openFors.empty()) {
-        return "Next is missing.";
+    if (!open.fors.empty()) {
+        return Status::Failure("Next is missing.");
     }
-    return translation.openIfs.empty() ? kNoProblem : Problem("Endif is missing.");
+    return open.ifs.empty() ? Status::Success() : Status::Failure("Endif is missing.");
 }
 
 }  // namespace
 
-Problem TranslationPass(Translation& translation, const std::vector<SourceLine>& lines,
-                        const common::ProgressCallback& progress) {
-    for (const SourceLine& line : lines) {
+Status TranslateLines(Translation& translation, const std::vector<Line>& lines,
+                      const common::ProgressCallback& progress) {
+    for (const Line& line : lines) {
         ++translation.lineNumber;
+        translation.code.BeginSourceLine(translation.lineNumber);
         if (progress) {
             progress("Performing pass 2.", translation.lineNumber);
         }
-        if (const Problem problem = TranslateLine(translation, line)) {
-            return problem;
+        if (Status status = TranslateLine(translation, line); !status) {
+            return status;
         }
         WarnOfLimits(translation);
     }
     ++translation.lineNumber;
-    return CheckAllClosed(translation);
+    return CheckAllClosed(translation.open);
 }
 
 void WarnOfLimits(Translation& translation) {
-    if (!translation.warnedOfLength && translation.code.ProgramWords() > kPageWords) {
-        translation.warnedOfLength = true;
+    Limits& limits = translation.limits;
+    if (!limits.exceedsPage && translation.code.ProgramWords() > kPageWords) {
+        limits.exceedsPage = true;
         translation.Warn(
             "The program exceeds 2048 words from this line on; jumps and calls reach only the "
-            "first "
-            "2048.");
+            "first 2048.");
     }
-    if (!translation.warnedOfLabels && translation.labels.HasWrapped()) {
-        translation.warnedOfLabels = true;
+    if (!limits.repeatsLabels && translation.labels.HasWrapped()) {
+        limits.repeatsLabels = true;
         translation.Warn("The program needs more than 9999 labels from this line on; they repeat.");
     }
 }

@@ -1,16 +1,17 @@
-// What one compilation knows while it translates the statements in order.
+// The second pass: what one compilation knows while it translates the statements in order.
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "basic/code_writer.h"
-#include "basic/compiler.h"
-#include "basic/declarations.h"
+#include "basic/program.h"
+#include "basic/ram_placement.h"
 #include "basic/routines.h"
-#include "basic/source_lines.h"
-#include "basic/symbols.h"
+#include "basic/variables.h"
+#include "common/diagnostic.h"
 #include "common/progress.h"
 #include "models/catalogue.h"
 
@@ -31,9 +32,23 @@ struct OpenIf {
 struct OpenFor {
     std::string topLabel;
     std::string exitLabel;
-    Operand variable;
+    std::string_view name;  // of the running variable
+    Variable variable;
     Operand step;
-    bool countsDown = false;
+    bool countsDown;
+};
+
+// Blocks whose end is still to come. Those of one kind end in turn, whatever the others do.
+struct OpenBlocks {
+    std::vector<OpenWhile> whiles;
+    std::vector<OpenIf> ifs;
+    std::vector<OpenFor> fors;
+};
+
+// What the program has outgrown, which is told once.
+struct Limits {
+    bool exceedsPage = false;    // more words than its jumps and calls can reach
+    bool repeatsLabels = false;  // more labels than there are names
 };
 
 struct Translation {
@@ -45,14 +60,10 @@ struct Translation {
     int waitLoopCount;            // inner loops of a millisecond
     CodeWriter code{};
     RoutineFlags routines{};
-    std::vector<OpenWhile> openWhiles{};
-    std::vector<OpenIf> openIfs{};
-    std::vector<OpenFor> openFors{};
+    OpenBlocks open{};
+    Limits limits{};
     std::vector<common::Diagnostic> warnings{};
     int lineNumber = 0;  // of the line that is translated
-    bool lineHasLabel = false;
-    bool warnedOfLength = false;
-    bool warnedOfLabels = false;
 
     void Warn(std::string text) {
         warnings.push_back(
@@ -60,12 +71,12 @@ struct Translation {
     }
 };
 
-// The second pass: writes the code of all lines. After a problem, lineNumber is the line that has
-// it; after success, one past the last line.
-Problem TranslationPass(Translation& translation, const std::vector<SourceLine>& lines,
-                        const common::ProgressCallback& progress);
+// Writes the code of all lines. After a failure, lineNumber is the line that has it; after success,
+// one past the last line.
+common::Status TranslateLines(Translation& translation, const std::vector<Line>& lines,
+                              const common::ProgressCallback& progress);
 
-// Warns once when the program has outgrown what its jumps or its label names can reach.
+// Warns of a limit that has been exceeded since the last call.
 void WarnOfLimits(Translation& translation);
 
 }  // namespace corvane::basic

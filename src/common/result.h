@@ -1,4 +1,4 @@
-// A value or the reason why there is none.
+// A value or the reason why there is none, and success or the reason why not.
 #pragma once
 
 #include <optional>
@@ -20,6 +20,16 @@ struct [[nodiscard]] Result {
 
     static Result Success(Value value) { return Result{std::move(value), {}}; }
     static Result Failure(Error error) { return Result{std::nullopt, std::move(error)}; }
+};
+
+struct [[nodiscard]] Status {
+    bool isSuccess = true;
+    std::string error{};  // meaningful only after a failure
+
+    explicit operator bool() const { return isSuccess; }
+
+    static Status Success() { return {}; }
+    static Status Failure(std::string error) { return {false, std::move(error)}; }
 };
 
 }  // namespace corvane::common

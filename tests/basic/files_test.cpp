@@ -66,6 +66,19 @@ std::string WarningTexts(const Compilation& compilation) {
     return text;
 }
 
+// The comment that shows a source line begins what is made of it; the end and the routines come
+// from none.
+std::vector<int> SourceLines(std::string_view assembler) {
+    std::vector<int> lines;
+    int current = 0;
+    for (const std::string_view line : common::SplitLines(assembler)) {
+        const std::string comment = "; " + std::to_string(current + 1) + ": ";
+        current = line == "; End" ? 0 : current + (line.starts_with(comment) ? 1 : 0);
+        lines.push_back(current);
+    }
+    return lines;
+}
+
 // The lines after the heading of a file of examples, up to the next empty line or heading.
 std::vector<std::string> LinesOf(const std::string& fileName) {
     std::vector<std::string> lines;
@@ -87,6 +100,7 @@ TEST_P(BasicFile, GivesTheExpectedAssembler) {
     ASSERT_TRUE(compilation) << TextWithLine(compilation.error);
     EXPECT_EQ(ReadSourceFile(path + ".asm"), common::WithLf(compilation->assembler));
     EXPECT_EQ(compilation->assembler, common::WithCrLf(compilation->assembler));
+    EXPECT_EQ(SourceLines(compilation->assembler), compilation->sourceLines);
     const bool hasWarnings = fs::exists(CORVANE_SOURCE_DIR "/" + path + ".warnings");
     EXPECT_EQ(hasWarnings ? ReadSourceFile(path + ".warnings") : "", WarningTexts(*compilation));
 }

@@ -1,4 +1,4 @@
-#include "basic/source_lines.h"
+#include "basic/words.h"
 
 #include <algorithm>
 
@@ -23,8 +23,6 @@ std::string WithSingleBlanks(std::string_view line) {
     return result;
 }
 
-}  // namespace
-
 std::string PrepareLine(std::string_view line) {
     std::string result = WithSingleBlanks(line);
     if (result.starts_with('\'')) {
@@ -34,10 +32,14 @@ std::string PrepareLine(std::string_view line) {
     return result;
 }
 
-std::vector<SourceLine> PrepareSource(std::string_view text) {
-    std::vector<SourceLine> lines;
-    for (const std::string_view line : common::SplitLines(text)) {
-        lines.push_back({PrepareLine(line), "", ""});
+}  // namespace
+
+std::vector<std::string> PrepareLines(std::string_view text) {
+    const std::vector<std::string_view> parts = common::SplitLines(text);
+    std::vector<std::string> lines;
+    lines.reserve(parts.size());
+    for (const std::string_view line : parts) {
+        lines.push_back(PrepareLine(line));
     }
     return lines;
 }
@@ -53,6 +55,13 @@ std::optional<Words> SplitWords(std::string_view line) {
         line.remove_prefix(std::min(blank + 1, line.size()));
     }
     return words;
+}
+
+Words WithoutFirst(const Words& words) {
+    Words rest;
+    std::copy(words.word.begin() + 1, words.word.end(), rest.word.begin());
+    rest.count = words.count - 1;
+    return rest;
 }
 
 bool Matches(const Words& words, std::initializer_list<std::string_view> pattern) {

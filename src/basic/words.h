@@ -1,4 +1,4 @@
-// The source text as the passes see it: prepared lines, cut into words.
+// A source line as the passes see it: prepared, then cut into words.
 #pragma once
 
 #include <array>
@@ -13,7 +13,7 @@ namespace corvane::basic {
 
 constexpr std::size_t kMaxWords = 10;
 
-// The words of a line. They point into the line.
+// The words of a line. They point into the line; those that it does not have are empty.
 struct Words {
     std::array<std::string_view, kMaxWords> word;
     std::size_t count = 0;
@@ -21,20 +21,15 @@ struct Words {
     std::string_view operator[](std::size_t index) const { return word[index]; }
 };
 
-struct SourceLine {
-    std::string statement;       // without comment and label
-    std::string userLabel;       // as written before the colon; empty for an unlabelled line
-    std::string generatedLabel;  // "L0001"
-};
-
-// Tabs and runs of blanks as one blank, without outer blanks and without the comment.
-std::string PrepareLine(std::string_view line);
-
-// The prepared lines of a text; labels are still part of the statements.
-std::vector<SourceLine> PrepareSource(std::string_view text);
+// Each line of a text with tabs and runs of blanks as one blank, without outer blanks and without
+// its comment.
+std::vector<std::string> PrepareLines(std::string_view text);
 
 // The words of a prepared line; nothing when there are more than ten.
 std::optional<Words> SplitWords(std::string_view line);
+
+// The words behind the first.
+Words WithoutFirst(const Words& words);
 
 // Stands in a pattern for every word.
 inline constexpr std::string_view kAnyWord;
