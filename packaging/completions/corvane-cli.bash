@@ -4,7 +4,7 @@ _corvane_cli() {
     _init_completion -n = || return
     current=${words[cword]}
     previous=${words[cword - 1]}
-    local commands="models assemble compile format build disassemble run"
+    local commands="models assemble compile format build check disassemble run"
     local command="" word
     for word in "${words[@]:1:cword-1}"; do
         if [[ " $commands " == *" $word "* ]]; then
@@ -28,6 +28,11 @@ _corvane_cli() {
             _filedir
             return
             ;;
+        --rules)
+            local rules="bank page table stack runs-off isr-context unreachable all"
+            mapfile -t COMPREPLY < <(compgen -W "$rules" -- "$current")
+            return
+            ;;
         -n | -c | -b | --steps | --cycles | --break | --config | --clock | --*-time)
             return
             ;;
@@ -41,6 +46,7 @@ _corvane_cli() {
         compile) _corvane_cli_arguments "$general -o --output --clock" bas ;;
         format) _corvane_cli_arguments "$general -i --in-place" bas ;;
         build) _corvane_cli_arguments "$general -o --output --config --clock" '@(asm|bas)' ;;
+        check) _corvane_cli_arguments "$general --rules --clock" '@(asm|bas|hex)' ;;
         disassemble) _corvane_cli_arguments "$general -o --output --no-opcodes" hex ;;
         run)
             _corvane_cli_arguments "$general -n --steps -c --cycles -b --break -s --stimulus

@@ -7,6 +7,7 @@
 
 #include "cli/assemble_command.h"
 #include "cli/build_command.h"
+#include "cli/check_command.h"
 #include "cli/compile_command.h"
 #include "cli/diagnostics.h"
 #include "cli/disassemble_command.h"
@@ -35,6 +36,8 @@ int ExitStatus(Ending ending) {
             return 3;
         case Ending::Interrupted:
             return 4;
+        case Ending::Failed:
+            return 5;
     }
     return 1;
 }
@@ -185,6 +188,21 @@ void AddRun(CommandLine& line) {
         RunProgram);
 }
 
+void AddCheck(CommandLine& line) {
+    AddCommand<CheckOptions>(
+        line, "check", "Says what is wrong with a program without running it",
+        [](CLI::App& app, CheckOptions& options) {
+            AddSource(app, options.program, "Program, or source to build first: .hex, .asm, .bas");
+            app.add_option("--rules", options.rules,
+                           "Only these of bank, page, table, stack, runs-off, isr-context and "
+                           "unreachable, separated by commas, or all; the last one is not told "
+                           "otherwise")
+                ->type_name("LIST");
+            AddClock(app, options.clockFrequency);
+        },
+        CheckProgram);
+}
+
 CommandResult PrintText(const std::string& text) {
     const std::optional<std::string> error = WriteOutput("-", text);
     return error ? Refused(*error) : CommandResult{};
@@ -212,8 +230,8 @@ int RunCommandLine(int argc, const char* const* argv) {
     line.app.require_subcommand(1);
     line.app.set_version_flag("--version", "");
     AddModelOptions(line.app, line.model);
-    for (const auto add :
-         {AddModels, AddAssemble, AddCompile, AddFormat, AddBuild, AddDisassemble, AddRun}) {
+    for (const auto add : {AddModels, AddAssemble, AddCompile, AddFormat, AddBuild, AddCheck,
+                           AddDisassemble, AddRun}) {
         add(line);
     }
     const CommandResult result = ParseAndRun(line, argc, argv);

@@ -13,6 +13,7 @@ enum class Ending : std::uint8_t {
     WrongUsage,    // the command line makes no sense
     ProgramFault,  // the simulated program left its instructions
     Interrupted,   // Ctrl-C ended the run
+    Failed,        // what was to be shown does not hold
 };
 
 struct CommandResult {

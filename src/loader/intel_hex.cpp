@@ -105,6 +105,7 @@ Error ReadDataRecord(const Record& record, Reader& reader) {
             return "Invalid data byte in the record.";
         }
         program.words[address] = static_cast<std::uint16_t>(word);
+        program.isWritten[address] = true;
         digits.remove_prefix(4);
     }
     return kNoError;
@@ -156,6 +157,7 @@ common::Result<Program, HexError> ReadIntelHex(std::string_view text, int progra
     using ReadResult = common::Result<Program, HexError>;
     Reader reader;
     reader.program.words.resize(static_cast<std::size_t>(programWords));
+    reader.program.isWritten.resize(static_cast<std::size_t>(programWords));
     for (int lineNumber = 1; !text.empty() && !reader.ended; ++lineNumber) {
         const std::string_view line = common::TakeLine(text);
         if (line.empty()) {

@@ -12,6 +12,7 @@ namespace corvane::loader {
 
 struct Program {
     std::vector<std::uint16_t> words;  // as many as program memory has, 0 where the file is silent
+    std::vector<bool> isWritten;       // by address: a record wrote the word
     int loadedWords = 0;               // one past the highest address that a record wrote
 };
 

@@ -1,0 +1,21 @@
+// corvane-cli check: what is wrong with a program without running it.
+#pragma once
+
+#include <string>
+
+#include "cli/command_result.h"
+#include "cli/model_files.h"
+
+namespace corvane::cli {
+
+struct CheckOptions {
+    ModelOptions model;
+    std::string program;  // .hex, .asm or .bas
+    std::string rules;    // names separated by commas, or "all"; empty: all that are warnings
+    float clockFrequency = 4.0F;  // MHz
+};
+
+// Writes the warnings to standard output.
+CommandResult CheckProgram(const CheckOptions& options);
+
+}  // namespace corvane::cli
