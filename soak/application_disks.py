@@ -9,7 +9,7 @@ import subprocess
 import sys
 import tempfile
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "end_to_end"))
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "tests/end_to_end"))
 import desktop  # noqa: E402
 from small_disk import fill, mount  # noqa: E402
 from sources import assembler_source, basic_source  # noqa: E402
