@@ -1,7 +1,9 @@
 #include "app/source_file.h"
 
+#include <algorithm>
 #include <filesystem>
 
+#include "common/same_file.h"
 #include "common/text.h"
 #include "common/text_file.h"
 
@@ -82,11 +84,15 @@ std::optional<std::string> AskSavePath(Dialogs& dialogs, AppSettings& settings,
 }
 
 std::string SourceFile::Caption() const {
-    return std::string(kind_->caption) + (IsUntitled() ? "UNTITLED" : name_);
+    return std::string(kind_->caption) + (IsUntitled() ? "UNTITLED" : Name());
+}
+
+std::string SourceFile::Name() const {
+    return FileNameOf(path_);
 }
 
 std::string SourceFile::PathWithExtension(std::string_view extension) const {
-    return settings_->LastPath() + WithExtension(name_, extension);
+    return fs::path(path_).replace_filename(WithExtension(Name(), extension)).string();
 }
 
 std::optional<std::string> SourceFile::Open() {
@@ -99,35 +105,70 @@ std::optional<std::string> SourceFile::OpenPath(const std::string& path) {
     settings_->SetLastPathOf(path);
     std::optional<std::string> text = ReadFileOrInform(*dialogs_, path);
     if (text) {
-        BecomeFile(path);
+        BecomeFile(path, *text);
     }
     return text;
 }
 
-bool SourceFile::Save(const TextToSave& text) {
+bool SourceFile::Save(EditedText& text) {
     if (IsUntitled()) {
         return SaveAs(text);
     }
-    const bool isElsewhere = settings_->LastPath() != folder_;
-    return (!isElsewhere || MayOverwrite(*dialogs_, Path())) && Write(Path(), text);
+    EnterFolder();
+    return MayReplace(text) && Write(path_, text);
 }
 
-bool SourceFile::SaveAs(const TextToSave& text) {
+bool SourceFile::SaveAs(EditedText& text) {
     const std::optional<std::string> path = AskSavePath(*dialogs_, *settings_, *kind_);
     return path && Write(*path, text);
 }
 
-bool SourceFile::Write(const std::string& path, const TextToSave& text) {
-    if (!WriteFileOrInform(*dialogs_, path, text())) {
+bool SourceFile::MayReplace(EditedText& text) {
+    std::error_code error;
+    if (!fs::is_regular_file(path_, error)) {
+        return true;  // there is nothing to be lost
+    }
+    common::Result<std::string> now = common::ReadTextFile(path_);
+    if (now && *now == bytes_) {
+        return true;
+    }
+    if (now && !text.IsModified()) {
+        bytes_ = *std::move(now.value);
+        return text.LoadAnew(bytes_);
+    }
+    return dialogs_->Ask("File '" + path_ +
+                         "' has been changed by another program. Do you want to overwrite it?");
+}
+
+bool SourceFile::Write(const std::string& path, EditedText& text) {
+    std::string bytes = common::WithCrLf(text.TextToSave());
+    if (!WriteFileOrInform(*dialogs_, path, bytes)) {
         return false;
     }
-    BecomeFile(path);
+    BecomeFile(path, std::move(bytes));
     return true;
 }
 
-void SourceFile::BecomeFile(const std::string& path) {
-    name_ = FileNameOf(path);
-    folder_ = settings_->LastPath();
+void SourceFile::BecomeFile(const std::string& path, std::string bytes) {
+    path_ = path;
+    bytes_ = std::move(bytes);
+}
+
+void SourceFile::EnterFolder() {
+    const std::string folder = fs::path(path_).replace_filename("").string();
+    if (folder != settings_->LastPath()) {
+        settings_->SetLastPathOf(path_);
+    }
+}
+
+bool SourceFile::MayWriteBeside(std::initializer_list<std::string_view> extensions) {
+    const bool isSource = std::ranges::any_of(extensions, [this](std::string_view extension) {
+        return common::IsSameFile(PathWithExtension(extension), path_);
+    });
+    if (isSource) {
+        dialogs_->Inform("The source file would be overwritten by the output.");
+    }
+    return !isSource;
 }
 
 bool SourceFile::IsReady(bool textIsEmpty) {

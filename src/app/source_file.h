@@ -1,7 +1,7 @@
 // The file commands of the windows that edit or show a text: dialogs, names, questions, messages.
 #pragma once
 
-#include <functional>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -23,9 +23,19 @@ extern const FileKind kAssemblerSource;
 extern const FileKind kBasicSource;
 extern const FileKind kDisassemblerListing;
 
-// Gives the text that is to be saved, brought into form; called once, when it is certain that the
-// text will be written.
-using TextToSave = std::function<std::string()>;
+// The text of an editor, as the commands on its file see it.
+class EditedText {
+  public:
+    virtual ~EditedText() = default;
+
+    // Since it was opened or saved.
+    virtual bool IsModified() const = 0;
+    // Brings it into form and returns it; called when it is certain that it will be written.
+    virtual std::string TextToSave() = 0;
+    // Takes the file's text again, which another program has changed. False when that cannot be
+    // edited.
+    virtual bool LoadAnew(const std::string& bytes) = 0;
+};
 
 // The text of a file; nothing after a message that it could not be opened.
 std::optional<std::string> ReadFileOrInform(Dialogs& dialogs, const std::string& path);
@@ -40,43 +50,49 @@ std::optional<std::string> AskSavePath(Dialogs& dialogs, AppSettings& settings,
 // The name before its first ".", with this extension behind it.
 std::string WithExtension(std::string_view fileName, std::string_view extension);
 
-// The file that a source window edits: a name, or none yet. Its folder is Last Path, which all
-// windows share; when another window has led it elsewhere, a file of the same name there is
-// overwritten only after the question.
+// The file that a source window edits: a full path, or none yet. Its commands make the file's
+// folder Last Path, which all windows share, before they do anything else.
 class SourceFile {
   public:
     SourceFile(const FileKind& kind, AppSettings& settings, Dialogs& dialogs)
         : kind_(&kind), settings_(&settings), dialogs_(&dialogs) {}
 
-    bool IsUntitled() const { return name_.empty(); }
+    bool IsUntitled() const { return path_.empty(); }
     std::string Caption() const;  // "Assembler - blink.asm", "Assembler - UNTITLED"
-    const std::string& Name() const { return name_; }  // without folder
-    std::string Path() const { return settings_->LastPath() + name_; }
+    std::string Name() const;     // without folder
+    const std::string& Path() const { return path_; }
     // Path of a file beside it with the same base name: "/home/me/blink.hex".
     std::string PathWithExtension(std::string_view extension) const;
 
-    void New() { name_.clear(); }
+    void New() { path_.clear(); }
     // The text of the file that was chosen, which becomes the current one; else nothing changes.
     std::optional<std::string> Open();
     // The same for a file that was chosen otherwise (dropped, recent).
     std::optional<std::string> OpenPath(const std::string& path);
-    // False when nothing was written.
-    bool Save(const TextToSave& text);
-    bool SaveAs(const TextToSave& text);
+    // False when nothing was written. What another program has written into the file meanwhile is
+    // overwritten only after a question; a text without changes of its own is loaded anew first.
+    bool Save(EditedText& text);
+    bool SaveAs(EditedText& text);
 
     // The guards of translating and of printing: "Please save the file first.", "The editor is
     // empty.". False after a message.
     bool IsReady(bool textIsEmpty);
+    // "The source file would be overwritten by the output.": false after this message, when a file
+    // beside the source with one of these extensions is the source itself.
+    bool MayWriteBeside(std::initializer_list<std::string_view> extensions);
+    // The file's folder becomes Last Path.
+    void EnterFolder();
 
   private:
-    bool Write(const std::string& path, const TextToSave& text);
-    void BecomeFile(const std::string& path);
+    bool MayReplace(EditedText& text);
+    bool Write(const std::string& path, EditedText& text);
+    void BecomeFile(const std::string& path, std::string bytes);
 
     const FileKind* kind_;
     AppSettings* settings_;
     Dialogs* dialogs_;
-    std::string name_;
-    std::string folder_;  // where it was opened or saved last
+    std::string path_;
+    std::string bytes_;  // of the file when it was opened or saved last
 };
 
 }  // namespace corvane::app

@@ -2,16 +2,13 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <filesystem>
-#include <system_error>
 
 #include "cli/diagnostics.h"
+#include "common/same_file.h"
 #include "common/system_error.h"
 #include "common/text.h"
 
 namespace corvane::cli {
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -28,16 +25,12 @@ std::optional<std::string> FlushStandardOutput() {
     return std::fflush(stdout) == 0 ? std::nullopt : std::optional(common::LastSystemError());
 }
 
+bool IsFile(const std::string& name) {
+    return !name.empty() && name != kStandardOutput;
+}
+
 bool IsSameFile(const std::string& first, const std::string& second) {
-    if (first.empty() || second.empty() || first == kStandardOutput || second == kStandardOutput) {
-        return false;
-    }
-    std::error_code error;
-    if (fs::equivalent(first, second, error)) {
-        return fs::is_regular_file(first, error);  // a device may take two results
-    }
-    return !fs::exists(first, error) &&
-           fs::absolute(first).lexically_normal() == fs::absolute(second).lexically_normal();
+    return IsFile(first) && IsFile(second) && common::IsSameFile(first, second);
 }
 
 }  // namespace

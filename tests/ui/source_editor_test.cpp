@@ -193,6 +193,24 @@ TEST_F(SourceEditorTest, ACaretAtTheEndStaysInItsLine) {
     EXPECT_TRUE(editor.textCursor().atBlockEnd());
 }
 
+TEST_F(SourceEditorTest, TheViewStaysWhenTheWholeTextIsFormedOrLoadedAnew) {
+    const QString text = QStringLiteral("line  x\n").repeated(200) + "end";
+    editor.show();
+    editor.SetFormEnabled(false);
+    editor.Load(text);
+    editor.SetFormEnabled(true);
+    editor.GoToLine(20);
+    editor.verticalScrollBar()->setValue(100);  // the caret is out of view
+    editor.FormWholeText();
+    EXPECT_EQ(editor.verticalScrollBar()->value(), 100);
+    EXPECT_EQ(editor.CaretLine(), 20);
+    editor.LoadAnew(text);
+    EXPECT_EQ(editor.verticalScrollBar()->value(), 100);
+    EXPECT_EQ(editor.CaretLine(), 20);
+    editor.LoadAnew("short");
+    EXPECT_EQ(editor.CaretLine(), 2);
+}
+
 TEST_F(SourceEditorTest, PastedTextIsFormedAndUndoneAsOne) {
     editor.Load("end");
     QApplication::clipboard()->setText("x  y\nz  z");

@@ -92,6 +92,7 @@ class WindowScript : public DesktopTest, public testing::WithParamInterface<std:
             {"file", &WindowScript::File},       {"focus", &WindowScript::Focus},
             {"input", &WindowScript::Input},     {"is", &WindowScript::Is},
             {"key", &WindowScript::Key},         {"line", &WindowScript::Line},
+            {"link", &WindowScript::Link},       {"twin", &WindowScript::Twin},
             {"load", &WindowScript::LoadWords},  {"model", &WindowScript::Model},
             {"opened", &WindowScript::Opened},   {"openfile", &WindowScript::OpenFile},
             {"pin", &WindowScript::PinIs},       {"run", &WindowScript::RunWrites},
@@ -176,6 +177,14 @@ class WindowScript : public DesktopTest, public testing::WithParamInterface<std:
         } else {
             folder.Write(name, content);
         }
+    }
+    void Link(const std::string& text) {
+        const auto [name, target] = Split(text);
+        fs::create_symlink(target, folder.path + name);
+    }
+    void Twin(const std::string& text) {
+        const auto [name, other] = Split(text);
+        fs::create_hard_link(folder.path + other, folder.path + name);
     }
     void LoadWords(const std::string& text) {  // "3005 0*40"
         std::string hex;

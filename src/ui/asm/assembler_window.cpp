@@ -117,13 +117,6 @@ void AssemblerWindow::TextReplaced() {
     previousError_->setEnabled(false);
 }
 
-void AssemblerWindow::TextFormed() {
-    if (common::ReadSwitchSetting(Workbench().Settings().Store(), app::kTurnOffColors)) {
-        return;
-    }
-    Editor().moveCursor(QTextCursor::Start);
-}
-
 void AssemblerWindow::SetBusy(bool busy) {
     if (busy) {
         ShowProgress("Loading source file.", 0);
@@ -137,7 +130,7 @@ void AssemblerWindow::ShowProgress(std::string_view status, int line) {
 }
 
 void AssemblerWindow::Assemble() {
-    if (!IsReady()) {
+    if (!IsReady() || !File().MayWriteBeside({".lst", ".hex"})) {
         return;
     }
     TextReplaced();
@@ -180,6 +173,7 @@ void AssemblerWindow::ShowSourceLine(int line) {
 
 void AssemblerWindow::PrintOutput() {
     if (File().IsReady(output_->IsEmpty())) {
+        File().EnterFolder();
         Print(QString::fromStdString(app::WithExtension(File().Name(), ".lst")), output_->Text(),
               output_->font());
     }
@@ -197,7 +191,6 @@ void AssemblerWindow::TurnColorsOff(bool off) {
     common::WriteSwitchSetting(Workbench().Settings().Store(), app::kTurnOffColors, off);
     Editor().SetFormEnabled(!off);
     Editor().FormWholeText();
-    TextFormed();
 }
 
 }  // namespace corvane::ui

@@ -19,7 +19,6 @@ class AssemblerWindow final : public SourceWindow {
     void ReadFigures() override;
     void StoreFigures() override;
     void TextReplaced() override;
-    void TextFormed() override;
     void SetBusy(bool busy) override;
     void ShowProgress(std::string_view status, int line) override;
 

@@ -60,7 +60,7 @@ void BasicWindow::Opened() {
 }
 
 void BasicWindow::Compile() {
-    if (!IsReady()) {
+    if (!IsReady() || !File().MayWriteBeside({".asm"})) {
         return;
     }
     const std::optional<std::string> text = Save();

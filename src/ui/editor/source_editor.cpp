@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <QScrollBar>
 #include <QTextBlock>
 #include <QUrl>
 #include <algorithm>
@@ -32,6 +33,28 @@ QString LocalFileOf(const QMimeData& data) {
     const QList<QUrl> urls = data.urls();
     return urls.size() == 1 ? urls.constFirst().toLocalFile() : QString();
 }
+
+// Undoes what is scrolled meanwhile, because the toolkit keeps the caret in view.
+class StillView {
+  public:
+    explicit StillView(const QPlainTextEdit& editor)
+        : rows_(editor.verticalScrollBar()),
+          columns_(editor.horizontalScrollBar()),
+          top_(rows_->value()),
+          left_(columns_->value()) {}
+    ~StillView() {
+        rows_->setValue(top_);
+        columns_->setValue(left_);
+    }
+    StillView(const StillView&) = delete;
+    StillView& operator=(const StillView&) = delete;
+
+  private:
+    QScrollBar* rows_;
+    QScrollBar* columns_;
+    int top_;
+    int left_;
+};
 
 // Makes the line read so. Touches only what differs, so that the caret keeps its place.
 void ReplaceLine(const QTextBlock& line, const QString& text, QTextCursor& writer) {
@@ -72,6 +95,16 @@ void SourceEditor::Load(const QString& text) {
     isEditing_ = false;
 }
 
+void SourceEditor::LoadAnew(const QString& text) {
+    const int line = textCursor().blockNumber();
+    const int column = textCursor().positionInBlock();
+    const StillView view(*this);
+    Load(text);
+    const QTextBlock block = document()->findBlockByNumber(std::min(line, blockCount() - 1));
+    const int position = block.position() + std::min(column, block.length() - 1);
+    Select(position, position);
+}
+
 void SourceEditor::Clear() {
     SetEditedLine({});
     clear();
@@ -88,6 +121,7 @@ void SourceEditor::FormWholeText() {
     if (!formEnabled_) {
         return;
     }
+    const StillView view(*this);
     SetEditedLine({});
     isEditing_ = true;
     QTextCursor writer = BeginFollowUp();
@@ -282,7 +316,6 @@ void SourceEditor::insertFromMimeData(const QMimeData* source) {
     });
     FormWholeText();
     ensureCursorVisible();
-    emit Pasted();
 }
 
 void SourceEditor::contextMenuEvent(QContextMenuEvent* event) {

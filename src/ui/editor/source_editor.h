@@ -24,6 +24,8 @@ class SourceEditor final : public NumberedEditor {
     // Replaces the whole text, brought into form, and forgets what could be undone. The caret
     // stands at the start.
     void Load(const QString& text);
+    // The same, but the caret and the view stay where they are as far as the text reaches.
+    void LoadAnew(const QString& text);
     void Clear();
     // The text with LF line ends.
     QString Text() const;
@@ -41,8 +43,6 @@ class SourceEditor final : public NumberedEditor {
     void SetContextActions(const QList<QAction*>& actions) { contextActions_ = actions; }
 
   signals:
-    // Text came from the clipboard or was dropped here; the whole text has been brought into form.
-    void Pasted();
     void FileDropped(const QString& path);
 
   protected:

@@ -31,7 +31,6 @@ SourceWindow::SourceWindow(app::Window number, app::Workbench& workbench, const 
     layout_->setMenuBar(menuBar_);
     MakeFileMenu();
     menuBar_->addMenu(MakeEditMenu(*editor_, *findBar_, *dialogs_, menuBar_));
-    connect(editor_, &SourceEditor::Pasted, this, [this] { TextFormed(); });
     connect(editor_, &SourceEditor::FileDropped, this, &SourceWindow::OpenFile);
     ShowCaption();
 }
@@ -68,6 +67,7 @@ void SourceWindow::MakeFileMenu() {
         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
     const auto print = [this] {
         if (IsReady()) {
+            file_.EnterFolder();
             Print(QString::fromStdString(file_.Name()), editor_->toPlainText(), editor_->font());
         }
     };
@@ -108,21 +108,32 @@ void SourceWindow::ShowFile(const std::optional<std::string>& bytes) {
     ShowCaption();
 }
 
-std::string SourceWindow::FormedText() {
+std::string SourceWindow::TextToSave() {
     editor_->FormWholeText();
-    TextFormed();
     return EncodedText(editor_->Text(), encoding_);
 }
 
+bool SourceWindow::LoadAnew(const std::string& bytes) {
+    encoding_ = EncodingOf(bytes);
+    editor_->LoadAnew(DecodedText(common::WithLf(bytes), encoding_));
+    TextReplaced();
+    return true;
+}
+
 std::optional<std::string> SourceWindow::Save() {
-    std::string text;
-    const bool isSaved = file_.Save([&] { return text = FormedText(); });
-    ShowCaption();
-    return isSaved ? std::optional(std::move(text)) : std::nullopt;
+    const bool isSaved = file_.Save(*this);
+    SetSaved(isSaved);
+    return isSaved ? std::optional(EncodedText(editor_->Text(), encoding_)) : std::nullopt;
 }
 
 void SourceWindow::SaveAs() {
-    file_.SaveAs([this] { return FormedText(); });
+    SetSaved(file_.SaveAs(*this));
+}
+
+void SourceWindow::SetSaved(bool isSaved) {
+    if (isSaved) {
+        editor_->document()->setModified(false);
+    }
     ShowCaption();
 }
 

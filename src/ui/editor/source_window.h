@@ -22,7 +22,7 @@ class QVBoxLayout;
 
 namespace corvane::ui {
 
-class SourceWindow : public SecondaryWindow {
+class SourceWindow : public SecondaryWindow, private app::EditedText {
     Q_OBJECT
   public:
     SourceWindow(app::Window number, app::Workbench& workbench, const app::FileKind& kind,
@@ -60,8 +60,6 @@ class SourceWindow : public SecondaryWindow {
 
     // The text was replaced by another file's, or emptied.
     virtual void TextReplaced() {}
-    // The whole text has been brought into form.
-    virtual void TextFormed() {}
     // A translation begins or has ended, or has come so far.
     virtual void SetBusy(bool busy);
     virtual void ShowProgress(std::string_view /*status*/, int /*line*/) {}
@@ -76,7 +74,10 @@ class SourceWindow : public SecondaryWindow {
     void SaveAs();
     void ShowFile(const std::optional<std::string>& bytes);
     void ShowCaption();
-    std::string FormedText();
+    void SetSaved(bool isSaved);
+    bool IsModified() const override { return editor_->document()->isModified(); }
+    std::string TextToSave() override;
+    bool LoadAnew(const std::string& bytes) override;
 
     std::unique_ptr<app::Dialogs> dialogs_;
     app::SourceFile file_;
