@@ -1,5 +1,5 @@
-// Tests as lines of a file: "INPUT => EXPECTED". Escapes are C's: \n, \r, \t, \0, \\ and \xE9;
-// empty lines and lines that begin with # are none.
+// Tests as files: lines "INPUT => EXPECTED", or parts that begin with "=== HEAD". Lines that begin
+// with # are none. Escapes in lines are C's: \n, \r, \t, \0, \\ and \xE9.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -45,6 +45,34 @@ inline void ExpectCases(const std::string& pathInSourceTree,
         }
     }
     EXPECT_GT(cases, 1) << pathInSourceTree;
+}
+
+// Calls with the head of each part and the lines below it; returns how many there are.
+inline int ForEachPart(
+    const std::string& pathInSourceTree,
+    const std::function<void(const std::string& head, const std::string& body)>& function) {
+    constexpr std::string_view kMark = "=== ";
+    std::istringstream file(ReadSourceFile(pathInSourceTree));
+    std::string head;
+    std::string body;
+    int parts = 0;
+    const auto endPart = [&] {
+        if (!head.empty()) {
+            function(head, body);
+            ++parts;
+        }
+        body.clear();
+    };
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with(kMark)) {
+            endPart();
+            head = line.substr(kMark.size());
+        } else if (!line.starts_with('#')) {
+            body += line + "\n";
+        }
+    }
+    endPart();
+    return parts;
 }
 
 }  // namespace corvane

@@ -105,20 +105,6 @@ TEST(Assembler, FillsRecordsAndReachesTheLastAddressOfARecord) {
     EXPECT_TRUE(last.hex.ends_with("\r\n:10FFF000" + std::string(28, '0') + "FF3FC3\r\n" + tail));
 }
 
-TEST(Assembler, ReportsItsProgress) {
-    std::string seen;
-    Assemble(" NOP\n NOP", {}, 0, [&](std::string_view status, int line) {
-        seen += std::string(status) + std::to_string(line) + "\n";
-    });
-    EXPECT_EQ(seen,
-              "Loading source file.0\n"
-              "Performing pass 1.1\nPerforming pass 1.2\n"
-              "Performing pass 2.1\nPerforming pass 2.2\n"
-              "Performing pass 3.1\nPerforming pass 3.2\n"
-              "Performing pass 4.1\nPerforming pass 4.2\n"
-              "Writing LST file.0\nWriting HEX file.0\n");
-}
-
 TEST(Assembler, WarnsOnceOfAProgramThatDoesNotFit) {
     const Assembly fits = AssembleText(" ORG 0x3FF\n NOP\n ORG 0x400");
     EXPECT_TRUE(WarningsFor(fits, "PIC16F84", 1024).empty());

@@ -239,56 +239,6 @@
 ; End
 L0001:  GOTO L0001
 ; Multiplication Routine
-M001:   MOVLW 0x10
-        MOVWF R4L
-        CLRF R0H
-        CLRF R0L
-M002:   RRF R3H,F
-        RRF R3L,F
-        BTFSS STATUS,C
-        GOTO M003
-        MOVF R1L,W
-        ADDWF R0L,F
-        MOVF R1H,W
-        BTFSC STATUS,C
-        INCFSZ R1H,W
-        ADDWF R0H,F
-M003:   RRF R0H,F
-        RRF R0L,F
-        RRF R2H,F
-        RRF R2L,F
-        DECFSZ R4L,F
-        GOTO M002
-        MOVF R2L,W
-        RETURN
 ; Division Routine
-D001:   MOVLW 0x10
-        MOVWF R3L
-        CLRF R2H
-        CLRF R2L
-D002:   RLF R0H,W
-        RLF R2L,F
-        RLF R2H,F
-        MOVF R1L,W
-        SUBWF R2L,F
-        MOVF R1H,W
-        BTFSS STATUS,C
-        INCFSZ R1H,W
-        SUBWF R2H,F
-        BTFSC STATUS,C
-        GOTO D003
-        MOVF R1L,W
-        ADDWF R2L,F
-        MOVF R1H,W
-        BTFSC STATUS,C
-        INCFSZ R1H,W
-        ADDWF R2H,F
-        BCF STATUS,C
-D003:   RLF R0L,F
-        RLF R0H,F
-        DECFSZ R3L,F
-        GOTO D002
-        MOVF R0L,W
-        RETURN
 ; End of listing
         END

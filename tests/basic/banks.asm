@@ -438,62 +438,6 @@ L0022:  BTFSC EECON1,WR
 ; End
 L0023:  GOTO L0023
 ; Multiplication Routine
-M001:   MOVLW 0x10
-        MOVWF R4L
-        CLRF R0H
-        CLRF R0L
-M002:   RRF R3H,F
-        RRF R3L,F
-        BTFSS STATUS,C
-        GOTO M003
-        MOVF R1L,W
-        ADDWF R0L,F
-        MOVF R1H,W
-        BTFSC STATUS,C
-        INCFSZ R1H,W
-        ADDWF R0H,F
-M003:   RRF R0H,F
-        RRF R0L,F
-        RRF R2H,F
-        RRF R2L,F
-        DECFSZ R4L,F
-        GOTO M002
-        MOVF R2L,W
-        RETURN
 ; Comparison Routine
-C001:   MOVWF R1L
-        MOVLW 0x05
-        GOTO C007
-C002:   MOVWF R1L
-        MOVLW 0x02
-        GOTO C007
-C003:   MOVWF R1L
-        MOVLW 0x06
-        GOTO C007
-C004:   MOVWF R1L
-        MOVLW 0x03
-        GOTO C007
-C005:   MOVWF R1L
-        MOVLW 0x04
-        GOTO C007
-C006:   MOVWF R1L
-        MOVLW 0x01
-        GOTO C007
-C007:   MOVWF R4L
-        MOVF R1H,W
-        SUBWF R0H,W
-        BTFSS STATUS,Z
-        GOTO C008
-        MOVF R1L,W
-        SUBWF R0L,W
-C008:   MOVLW 0x04
-        BTFSC STATUS,C
-        MOVLW 0x01
-        BTFSC STATUS,Z
-        MOVLW 0x02
-        ANDWF R4L,W
-        BTFSS STATUS,Z
-        MOVLW 0xFF
-        RETURN
 ; End of listing
         END

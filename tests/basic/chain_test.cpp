@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "basic/chip.h"
+#include "case_file.h"
 
 namespace corvane::basic {
 namespace {
@@ -31,7 +32,10 @@ struct Pair {
     int b;
 };
 
-std::vector<Pair> PairsOf(const std::vector<int>& values) {
+std::vector<Pair> LimitPairs(bool areWords) {
+    const std::vector<int> values =
+        areWords ? std::vector{0, 1, 7, 255, 256, 1000, 32767, 32768, 65279, 65280, 65535}
+                 : std::vector{0, 1, 2, 7, 100, 127, 128, 200, 254, 255};
     std::vector<Pair> pairs;
     for (const int a : values) {
         for (const int b : values) {
@@ -41,74 +45,73 @@ std::vector<Pair> PairsOf(const std::vector<int>& values) {
     return pairs;
 }
 
-std::vector<Pair> LimitPairs(bool isWord) {
-    return isWord ? PairsOf({0, 1, 7, 255, 256, 1000, 32767, 32768, 65279, 65280, 65535})
-                  : PairsOf({0, 1, 2, 7, 100, 127, 128, 200, 254, 255});
-}
+struct Operation {
+    std::string name;
+    unsigned (*compute)(unsigned a, unsigned b);
+};
 
 // Division by 0 gives all ones and leaves the dividend as the remainder.
-int Computed(const std::string& operation, Pair pair, int mask) {
-    const auto a = static_cast<unsigned>(pair.a);
-    const auto b = static_cast<unsigned>(pair.b);
-    unsigned result = 0;
-    if (operation == "+") {
-        result = a + b;
-    } else if (operation == "-") {
-        result = a - b;
-    } else if (operation == "*") {
-        result = a * b;
-    } else if (operation == "/") {
-        result = b == 0 ? 0xFFFF : a / b;
-    } else {
-        result = b == 0 ? a : a % b;
-    }
-    return static_cast<int>(result & static_cast<unsigned>(mask));
+const std::vector<Operation>& Operations() {
+    static const std::vector<Operation> kOperations = {
+        {"+", [](unsigned a, unsigned b) { return a + b; }},
+        {"-", [](unsigned a, unsigned b) { return a - b; }},
+        {"*", [](unsigned a, unsigned b) { return a * b; }},
+        {"/", [](unsigned a, unsigned b) { return b == 0 ? 0xFFFF : a / b; }},
+        {"Mod", [](unsigned a, unsigned b) { return b == 0 ? a : a % b; }}};
+    return kOperations;
 }
 
-bool Compared(const std::string& operation, Pair pair) {
-    const auto [a, b] = pair;
-    return operation == "="    ? a == b
-           : operation == "<>" ? a != b
-           : operation == ">"  ? a > b
-           : operation == "<"  ? a < b
-           : operation == ">=" ? a >= b
-                               : a <= b;
+const std::vector<Operation>& Comparisons() {
+    static const std::vector<Operation> kComparisons = {
+        {"=", [](unsigned a, unsigned b) { return unsigned{a == b}; }},
+        {"<>", [](unsigned a, unsigned b) { return unsigned{a != b}; }},
+        {">", [](unsigned a, unsigned b) { return unsigned{a > b}; }},
+        {"<", [](unsigned a, unsigned b) { return unsigned{a < b}; }},
+        {">=", [](unsigned a, unsigned b) { return unsigned{a >= b}; }},
+        {"<=", [](unsigned a, unsigned b) { return unsigned{a <= b}; }}};
+    return kComparisons;
 }
-
-const std::array<std::string, 5> kOperations = {"+", "-", "*", "/", "Mod"};
-const std::array<std::string, 6> kComparisons = {"=", "<>", ">", "<", ">=", "<="};
 
 class Widths : public testing::TestWithParam<std::string> {
   protected:
-    bool IsWord() const { return GetParam() == "Word"; }
-    int Mask() const { return IsWord() ? 0xFFFF : 0xFF; }
+    bool AreWords() const { return GetParam() == "Word"; }
+    int Mask() const { return AreWords() ? 0xFFFF : 0xFF; }
+
+    // After the program, in which O, A and B stand for the operation's name and the values of a and
+    // b, I for its number and T for the type, once for each operation.
+    Chip Run(Pair pair, const std::vector<Operation>& operations, std::string_view program) const {
+        std::map<char, std::string> texts = {
+            {'T', GetParam()}, {'A', std::to_string(pair.a)}, {'B', std::to_string(pair.b)}};
+        std::string text = With("dim a as T\ndim b as T\ndim n as byte\n", texts);
+        for (std::size_t i = 0; i < operations.size(); ++i) {
+            texts['I'] = std::to_string(i);
+            texts['O'] = operations[i].name;
+            text += With(program, texts);
+        }
+        Chip chip("PIC16F877", text);
+        chip.SetValue("a", pair.a);
+        chip.SetValue("b", pair.b);
+        chip.RunToEnd();
+        return chip;
+    }
 };
 
 INSTANTIATE_TEST_SUITE_P(Types, Widths, testing::Values("Byte", "Word"),
                          [](const auto& type) { return type.param; });
 
 TEST_P(Widths, ArithmeticAtTheLimits) {
-    for (const Pair pair : LimitPairs(IsWord())) {
-        std::string text = With("dim a as T\ndim b as T\n", {{'T', GetParam()}});
-        for (std::size_t i = 0; i < kOperations.size(); ++i) {
-            text += With(
-                "dim pI as T\ndim qI as T\ndim rI as T\ndim sI as T\n"
-                "pI=a O b\nqI=a O B\nrI=A O b\nsI=a\nsI=sI O b\n",
-                {{'I', std::to_string(i)},
-                 {'T', GetParam()},
-                 {'O', kOperations.at(i)},
-                 {'A', std::to_string(pair.a)},
-                 {'B', std::to_string(pair.b)}});
-        }
-        Chip chip("PIC16F877", text);
-        chip.SetValue("a", pair.a);
-        chip.SetValue("b", pair.b);
-        chip.RunToEnd();
-        for (std::size_t i = 0; i < kOperations.size(); ++i) {
-            const int expected = Computed(kOperations[i], pair, Mask());
-            for (const char* result : {"p", "q", "r", "s"}) {
-                EXPECT_EQ(expected, chip.Value(result + std::to_string(i)))
-                    << result << ": " << pair.a << kOperations[i] << pair.b;
+    for (const Pair pair : LimitPairs(AreWords())) {
+        const Chip chip = Run(pair, Operations(),
+                              "dim pI as T\ndim qI as T\ndim rI as T\ndim sI as T\n"
+                              "pI=a O b\nqI=a O B\nrI=A O b\nsI=a\nsI=sI O b\n");
+        for (std::size_t i = 0; i < Operations().size(); ++i) {
+            const auto& [name, compute] = Operations()[i];
+            const unsigned result =
+                compute(static_cast<unsigned>(pair.a), static_cast<unsigned>(pair.b));
+            for (const char* variable : {"p", "q", "r", "s"}) {
+                EXPECT_EQ(static_cast<int>(result) & Mask(),
+                          chip.Value(variable + std::to_string(i)))
+                    << variable << ": " << pair.a << name << pair.b;
             }
         }
         EXPECT_EQ(pair.b, chip.Value("b"));
@@ -116,26 +119,16 @@ TEST_P(Widths, ArithmeticAtTheLimits) {
 }
 
 TEST_P(Widths, ComparisonsInIfAndWhile) {
-    for (const Pair pair : LimitPairs(IsWord())) {
-        std::string text = With("dim a as T\ndim b as T\ndim n as byte\n", {{'T', GetParam()}});
-        int expected = 0;
-        for (const std::string& comparison : kComparisons) {
-            expected += Compared(comparison, pair) ? 4 : 0;
-            text += With(
-                "if a O b then\nn=n+1\nend if\n"
-                "if a O B then\nn=n+1\nend if\n"
-                "if A O b then\nn=n+1\nend if\n"
-                "while a O b\nn=n+1\ngoto afterL\nwend\nafterL:\n",
-                {{'O', comparison},
-                 {'A', std::to_string(pair.a)},
-                 {'B', std::to_string(pair.b)},
-                 {'L', std::to_string(text.size())}});
+    for (const Pair pair : LimitPairs(AreWords())) {
+        const Chip chip = Run(pair, Comparisons(),
+                              "if a O b then\nn=n+1\nend if\nif a O B then\nn=n+1\nend if\n"
+                              "if A O b then\nn=n+1\nend if\n"
+                              "while a O b\nn=n+1\ngoto afterI\nwend\nafterI:\n");
+        unsigned expected = 0;
+        for (const auto& [name, compute] : Comparisons()) {
+            expected += 4 * compute(static_cast<unsigned>(pair.a), static_cast<unsigned>(pair.b));
         }
-        Chip chip("PIC16F877", text);
-        chip.SetValue("a", pair.a);
-        chip.SetValue("b", pair.b);
-        chip.RunToEnd();
-        EXPECT_EQ(expected, chip.Value("n")) << pair.a << " and " << pair.b;
+        EXPECT_EQ(static_cast<int>(expected), chip.Value("n")) << pair.a << " and " << pair.b;
     }
 }
 
@@ -187,7 +180,7 @@ int Passes(const Loop& loop, int largest) {
 TEST_P(Widths, NestedLoopsUpAndDown) {
     std::vector<Loop> loops = {{1, 10, 1}, {10, 0, -1},  {5, 4, 1},      {4, 5, -1},    {7, 7, 1},
                                {7, 7, -1}, {0, 255, 50}, {255, 250, -2}, {250, 255, 3}, {9, 0, -4}};
-    if (IsWord()) {
+    if (AreWords()) {
         loops.insert(loops.end(), {{250, 520, 9},
                                    {520, 250, -9},
                                    {65000, 65535, 100},
@@ -278,7 +271,7 @@ void ForAllBanks(
     }
 }
 
-// "=== PIC16F84 PIC16F877: bad=1 d=200" and the program below it.
+// "PIC16F84 PIC16F877: bad=1 d=200" and the program below it.
 void CheckProgram(const std::string& heading, const std::string& program) {
     const std::size_t colon = heading.find(':');
     const auto check = [&](const Chip& chip, const std::map<char, std::string>& banks) {
@@ -290,7 +283,7 @@ void CheckProgram(const std::string& heading, const std::string& program) {
                 << With(program, banks);
         }
     };
-    std::istringstream models(heading.substr(3, colon - 3));
+    std::istringstream models(heading.substr(0, colon));
     for (std::string model; models >> model;) {
         if (model == "banks") {
             ForAllBanks(program, check);
@@ -303,23 +296,7 @@ void CheckProgram(const std::string& heading, const std::string& program) {
 }
 
 TEST(Programs, LeaveTheirValues) {
-    std::istringstream file(ReadSourceFile("tests/basic/chain_programs.txt"));
-    std::string heading;
-    std::string program;
-    int programs = 0;
-    for (std::string line; std::getline(file, line) || !heading.empty();) {
-        if (file && !line.starts_with("===")) {
-            program += line.starts_with('#') ? "" : line + "\n";
-            continue;
-        }
-        if (!heading.empty()) {
-            CheckProgram(heading, program);
-            ++programs;
-        }
-        heading = file ? line : "";
-        program.clear();
-    }
-    EXPECT_EQ(programs, 5);
+    EXPECT_EQ(ForEachPart("tests/basic/chain_programs.txt", CheckProgram), 6);
 }
 
 TEST(AllBanks, BitStatementsWorkUnlessWarnedOf) {

@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <regex>
 
 #include "asm/assembler.h"
-#include "common/text.h"
 #include "core/execution.h"
 #include "core/simulation_control.h"
 #include "loader/intel_hex.h"
@@ -83,22 +83,15 @@ void Chip::SetValue(const std::string& name, int value) {
     core::StateChanged(processor_);
 }
 
-// "; 3: Dim w As Word" and the line after it, ";       The address of 'w' is 0xA0"
-void Chip::ReadVariables(std::string_view assemblerText) {
-    constexpr std::string_view kBegin = ";       The address of '";
-    constexpr std::string_view kMiddle = "' is 0x";
-    std::string_view lineBefore;
-    for (const std::string_view line : common::SplitLines(assemblerText)) {
-        if (line.starts_with(kBegin)) {
-            const std::string rest(line.substr(kBegin.size()));
-            const std::size_t middle = rest.find(kMiddle);
-            const std::size_t comma = rest.find(',');
-            Variable& variable = variables_[rest.substr(0, middle)];
-            variable.address = std::stoi(rest.substr(middle + kMiddle.size()), nullptr, 16);
-            variable.bit = comma == std::string::npos ? -1 : std::stoi(rest.substr(comma + 1));
-            variable.bytes = lineBefore.ends_with("As Word") ? 2 : 1;
-        }
-        lineBefore = line;
+void Chip::ReadVariables(const std::string& assemblerText) {
+    const std::regex declaration(
+        "As (\\w+).*\r\n;       The address of '(\\w+)' is 0x([0-9A-F]+)(?:,(\\d))?");
+    for (std::sregex_iterator found(assemblerText.begin(), assemblerText.end(), declaration), end;
+         found != end; ++found) {
+        const std::smatch& part = *found;
+        variables_[part[2]] = {.address = std::stoi(part[3], nullptr, 16),
+                               .bit = part[4].matched ? std::stoi(part[4]) : -1,
+                               .bytes = part[1] == "Word" ? 2 : 1};
     }
 }
 

@@ -40,7 +40,8 @@ class Chip {
         int bytes = 1;  // of a Byte or Word
     };
 
-    void ReadVariables(std::string_view assemblerText);
+    // "; 3: Dim w As Word" and the line after it, ";       The address of 'w' is 0xA0"
+    void ReadVariables(const std::string& assemblerText);
     void Load(std::string_view assemblerText);
 
     core::Processor processor_;

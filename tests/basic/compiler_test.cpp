@@ -8,9 +8,10 @@
 #include <utility>
 #include <vector>
 
+#include "asm/assembler.h"
 #include "basic/basic_fixture.h"
-#include "basic/editor_form.h"
 #include "case_file.h"
+#include "disasm/listing.h"
 
 namespace corvane::basic {
 namespace {
@@ -47,18 +48,13 @@ TEST(Compile, LineEndsDoNotMatter) {
     EXPECT_EQ(expected.assembler, CompileFor("PIC16F84", "dim a as byte\r\ra=1\r").assembler);
 }
 
-TEST(Compile, EmptyText) {
-    EXPECT_NE(
-        std::string::npos,
-        CompileFor("PIC16F84", "").assembler.find("; 1: \r\n; End\r\nL0001:  GOTO L0001\r\n"));
+TEST(Compile, NoTextAndNoRam) {
+    EXPECT_TRUE(
+        CompileFor("PIC16F84", "")
+            .assembler.ends_with(
+                "; 1: \r\n; End\r\nL0001:  GOTO L0001\r\n; End of listing\r\n        END\r\n"));
     EXPECT_TRUE(Compile("", ModelNamed("PIC16F84"), {}, 4.0F));
-}
-
-TEST(Compile, ModelWithoutRam) {
-    const auto compilation = Compile("\r\n", ModelNamed("PIC16F84"), {}, 4.0F);
-    ASSERT_FALSE(compilation);
-    EXPECT_EQ("Error in line 1: Not enough RAM memory available for this variable.",
-              TextWithLine(compilation.error));
+    EXPECT_FALSE(Compile("\r\n", ModelNamed("PIC16F84"), {}, 4.0F));
 }
 
 // A PIC16F84 has 68 bytes of RAM, and the generated code needs ten of them.
@@ -128,38 +124,23 @@ TEST(Compile, WaitsFollowTheClock) {
     });
 }
 
-TEST(Compile, ReportsEachLineOfBothPasses) {
+// Of all that tell their progress.
+TEST(Progress, NamesThePassAndTheLine) {
     std::string reports;
-    const models::Model& model = ModelNamed("PIC16F84");
     const auto report = [&reports](std::string_view status, int line) {
         reports.append(status).append(std::to_string(line)).append(" ");
     };
+    const models::Model& model = ModelNamed("PIC16F84");
     EXPECT_TRUE(Compile("\r\nPORTB = 0\r\n", model, DescriptionOf(model), 4.0F, report));
-    EXPECT_EQ("Performing pass 1.1 Performing pass 1.2 Performing pass 2.1 Performing pass 2.2 ",
-              reports);
-}
-
-TEST(EditorForm, WholeText) {
-    const std::vector<EditorKeyword> keywords =
-        EditorKeywords(DescriptionOf(ModelNamed("PIC16F84")));
-    EXPECT_EQ("\r\n", RewriteText("", keywords));
-    EXPECT_EQ("If a Then\r\n\r\n'x\r\n", RewriteText("IF A THEN\n \r\n  ' x", keywords));
-}
-
-TEST(EditorForm, Colors) {
-    const std::vector<EditorKeyword> keywords =
-        EditorKeywords(DescriptionOf(ModelNamed("PIC16F84")));
-    ExpectCases("tests/basic/colors.txt", [&](const std::string& line) {
-        std::string colors(line.size(), '.');
-        for (const ColoredSpan& span : ColorLine(line, keywords)) {
-            const auto length = static_cast<std::size_t>(span.length);
-            colors.replace(static_cast<std::size_t>(span.start), length, length,
-                           span.color == TextColor::Keyword   ? 'k'
-                           : span.color == TextColor::Comment ? 'c'
-                                                              : 'q');
-        }
-        return colors;
-    });
+    assembler::Assemble(" NOP\n NOP", {}, 0, report);
+    disasm::DisassembleProgram(std::vector<std::uint16_t>(2, 0x0064),
+                               disasm::ListingFormat::WithOpcodes, report);
+    EXPECT_EQ(reports,
+              "Performing pass 1.1 Performing pass 1.2 Performing pass 2.1 Performing pass 2.2 "
+              "Loading source file.0 Performing pass 1.1 Performing pass 1.2 "
+              "Performing pass 2.1 Performing pass 2.2 Performing pass 3.1 Performing pass 3.2 "
+              "Performing pass 4.1 Performing pass 4.2 Writing LST file.0 Writing HEX file.0 "
+              "Performing pass 1.1 Performing pass 1.2 ");
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
-// Each *.bas of this folder gives the .asm beside it, byte for byte, and the warnings of the
-// .warnings file, if there is one. Its first line names the model, the clock frequency in MHz and,
-// where the model's own RAM would not show the case, the RAM addresses.
+// Programs and lines that stand in files. Each *.bas of this folder gives the .asm beside it, byte
+// for byte, and the warnings of the .warnings file, if there is one. Its first line names the
+// model, the clock frequency in MHz and, where the model's own RAM would not show the case, the RAM
+// addresses.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -10,7 +11,7 @@
 #include <vector>
 
 #include "basic/basic_fixture.h"
-#include "basic/editor_form.h"
+#include "case_file.h"
 #include "common/text.h"
 
 namespace corvane::basic {
@@ -79,14 +80,14 @@ std::vector<int> SourceLines(std::string_view assembler) {
     return lines;
 }
 
-// The lines after the heading of a file of examples, up to the next empty line or heading.
-std::vector<std::string> LinesOf(const std::string& fileName) {
-    std::vector<std::string> lines;
-    std::istringstream file(ReadSourceFile(std::string(kFolder) + fileName));
-    for (std::string line; std::getline(file, line);) {
-        lines.push_back(line);
-    }
-    return lines;
+// The expected texts have only the headings of the routines.
+std::string WithRoutines(std::string text) {
+    ForEachPart("tests/basic/routines.txt", [&](const std::string& heading, const auto& body) {
+        if (const std::size_t at = text.find(heading + "\n"); at != std::string::npos) {
+            text.insert(at + heading.size() + 1, body);
+        }
+    });
+    return text;
 }
 
 class BasicFile : public testing::TestWithParam<std::string> {};
@@ -98,7 +99,7 @@ TEST_P(BasicFile, GivesTheExpectedAssembler) {
     const auto compilation = CompileSource(source, ModelNamed(setting.modelName),
                                            setting.description, setting.clockFrequency);
     ASSERT_TRUE(compilation) << TextWithLine(compilation.error);
-    EXPECT_EQ(ReadSourceFile(path + ".asm"), common::WithLf(compilation->assembler));
+    EXPECT_EQ(WithRoutines(ReadSourceFile(path + ".asm")), common::WithLf(compilation->assembler));
     EXPECT_EQ(compilation->assembler, common::WithCrLf(compilation->assembler));
     EXPECT_EQ(SourceLines(compilation->assembler), compilation->sourceLines);
     const bool hasWarnings = fs::exists(CORVANE_SOURCE_DIR "/" + path + ".warnings");
@@ -109,38 +110,59 @@ INSTANTIATE_TEST_SUITE_P(Folder, BasicFile, testing::ValuesIn(SourceNames()),
                          [](const auto& file) { return file.param; });
 
 TEST(ErrorsFile, EachProgramGivesItsMessage) {
-    constexpr std::string_view kMark = "=== ";
-    std::string expected;
-    std::string program;
-    int programs = 0;
-    const auto check = [&] {
-        if (!expected.empty()) {
-            EXPECT_EQ(expected, CompileError(program)) << program;
-            ++programs;
-        }
-        program.clear();
-    };
-    for (const std::string& line : LinesOf("errors.txt")) {
-        if (line.starts_with(kMark)) {
-            check();
-            expected = line.substr(kMark.size());
-        } else {
-            program += line + "\n";
-        }
-    }
-    check();
+    const int programs = ForEachPart("tests/basic/errors.txt",
+                                     [](const std::string& expected, const std::string& program) {
+                                         EXPECT_EQ(expected, CompileError(program)) << program;
+                                     });
     EXPECT_GT(programs, 50);
 }
 
-TEST(RewriteFile, EachLineBecomesTheOneBelowIt) {
-    const std::vector<EditorKeyword> keywords =
-        EditorKeywords(DescriptionOf(ModelNamed("PIC16F84")));
-    const std::vector<std::string> lines = LinesOf("rewrite.txt");
-    ASSERT_GT(lines.size(), 60U);
-    for (std::size_t i = 2; i + 1 < lines.size(); i += 3) {
-        EXPECT_EQ(lines[i + 1], RewriteLine(lines[i], keywords)) << lines[i];
-        EXPECT_EQ(lines[i + 1], RewriteLine(lines[i + 1], keywords)) << "rewritten once more";
+TEST(EditorForm, RewritesALineOnceAndForAll) {
+    const auto keywords = EditorKeywords(DescriptionOf(ModelNamed("PIC16F84")));
+    ExpectCases("tests/basic/rewrite.txt", [&](const std::string& line) {
+        std::string rewritten = RewriteLine(line, keywords);
+        EXPECT_EQ(rewritten, RewriteLine(rewritten, keywords)) << "rewritten once more";
+        return rewritten;
+    });
+}
+
+TEST(EditorForm, WholeText) {
+    const auto keywords = EditorKeywords(DescriptionOf(ModelNamed("PIC16F84")));
+    EXPECT_EQ("\r\n", RewriteText("", keywords));
+    EXPECT_EQ("If a Then\r\n\r\n'x\r\n", RewriteText("IF A THEN\n \r\n  ' x", keywords));
+}
+
+TEST(EditorForm, Colors) {
+    const auto keywords = EditorKeywords(DescriptionOf(ModelNamed("PIC16F84")));
+    ExpectCases("tests/basic/colors.txt", [&](const std::string& line) {
+        std::string colors(line.size(), '.');
+        for (const ColoredSpan& span : ColorLine(line, keywords)) {
+            const auto length = static_cast<std::size_t>(span.length);
+            colors.replace(static_cast<std::size_t>(span.start), length, length,
+                           span.color == TextColor::Keyword   ? 'k'
+                           : span.color == TextColor::Comment ? 'c'
+                                                              : 'q');
+        }
+        return colors;
+    });
+}
+
+// Every program of the help text compiles as it stands there, and is in the editor's form.
+TEST(Help, EveryProgramCompiles) {
+    const std::string fence = "```\n";
+    const models::Model& model = ModelNamed("PIC16F84");
+    const models::ModelDescription description = DescriptionOf(model);
+    std::string text = ReadSourceFile("data/help/basic_compiler.md");
+    int programs = 0;
+    for (std::size_t begin = 0; (begin = text.find(fence)) != std::string::npos; ++programs) {
+        text.erase(0, begin + fence.size());
+        const std::string program = common::WithCrLf(text.substr(0, text.find(fence)));
+        text.erase(0, text.find(fence) + fence.size());
+        EXPECT_EQ(RewriteText(program, EditorKeywords(description)), program);
+        const auto compilation = Compile(program, model, description, 4);
+        EXPECT_TRUE(compilation) << program << TextWithLine(compilation.error);
     }
+    EXPECT_GT(programs, 10);
 }
 
 }  // namespace

@@ -195,39 +195,5 @@ L0017:  NOP
 ; End
 L0019:  GOTO L0019
 ; Comparison Routine
-C001:   MOVWF R1L
-        MOVLW 0x05
-        GOTO C007
-C002:   MOVWF R1L
-        MOVLW 0x02
-        GOTO C007
-C003:   MOVWF R1L
-        MOVLW 0x06
-        GOTO C007
-C004:   MOVWF R1L
-        MOVLW 0x03
-        GOTO C007
-C005:   MOVWF R1L
-        MOVLW 0x04
-        GOTO C007
-C006:   MOVWF R1L
-        MOVLW 0x01
-        GOTO C007
-C007:   MOVWF R4L
-        MOVF R1H,W
-        SUBWF R0H,W
-        BTFSS STATUS,Z
-        GOTO C008
-        MOVF R1L,W
-        SUBWF R0L,W
-C008:   MOVLW 0x04
-        BTFSC STATUS,C
-        MOVLW 0x01
-        BTFSC STATUS,Z
-        MOVLW 0x02
-        ANDWF R4L,W
-        BTFSS STATUS,Z
-        MOVLW 0xFF
-        RETURN
 ; End of listing
         END

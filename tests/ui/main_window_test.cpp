@@ -33,38 +33,6 @@ TEST_F(MainWindowTest, EmptyRowsOfShortLists) {
     EXPECT_EQ(Bit("qsfrbit4[0]"), "STATUS bit 4: not implemented");
 }
 
-TEST_F(MainWindowTest, MenusAreCompleteAndHaveKeys) {
-    Start();
-    const char* const expected[] = {
-        "&File: &Load Program Ctrl+L | &Quit Ctrl+Q",
-        "&Simulation: &1 Start F5, &2 Step F8, &3 Stop Shift+F5",
-        "&Rate: &1 Step By Step Ctrl+1, &2 Slow Ctrl+2, &3 Normal Ctrl+3, &4 Fast Ctrl+4, "
-        "&5 Extremely Fast Ctrl+5",
-        "&Tools: Program &Memory Viewer, &EEPROM Memory Viewer, Hardware &Stack Viewer, "
-        "Microcontroller &View, &Disassembler, &Breakpoints Manager | &Assembler, BASIC &Compiler",
-        "&Options: Save Positions | Select Microcontroller, Change Clock Frequency, "
-        "Change EEPROM Write Time, Change A/D Conversion Time",
-        "&Help: Getting Started, Help Topics F1, BASIC Compiler Help Topics | About Corvane"};
-    std::size_t row = 0;
-    for (const QAction* menu : desktop->Main().menuBar()->actions()) {
-        QString text = menu->text() + ":";
-        QString separator = " ";
-        for (const QAction* entry : menu->menu()->actions()) {
-            if (entry->isSeparator()) {
-                separator = " | ";
-                continue;
-            }
-            text += separator + entry->text();
-            const QString keys = entry->shortcut().toString(QKeySequence::PortableText);
-            text += keys.isEmpty() ? "" : " " + keys;
-            separator = ", ";
-        }
-        ASSERT_LT(row, std::size(expected));
-        EXPECT_EQ(text.toStdString(), expected[row++]);
-    }
-    EXPECT_EQ(row, std::size(expected));
-}
-
 TEST_F(MainWindowTest, WithoutDescriptionFileTheApplicationEnds) {
     modelFolder = folder.path;
     desktop.emplace(modelFolder, store, clock,
