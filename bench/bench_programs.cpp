@@ -5,7 +5,7 @@
 
 #include "asm/assembler.h"
 #include "common/text_file.h"
-#include "core/simulation_control.h"
+#include "core/reset.h"
 #include "models/symbol_lines.h"
 
 namespace corvane::bench {

@@ -28,10 +28,10 @@ std::string EepromRow(const core::ProcessorState& state, int row) {
 
 }  // namespace
 
-std::string ProgramMemoryText(const core::ProcessorState& state, int scrollValue) {
+std::string ProgramMemoryText(const core::Processor& processor, int scrollValue) {
     std::string text;
     for (int address = scrollValue - 1; address < scrollValue - 1 + kProgramMemoryRows; ++address) {
-        const int word = state.programMemory.at(static_cast<std::size_t>(address));
+        const int word = processor.programMemory.at(static_cast<std::size_t>(address));
         AppendLine(text, common::Hex4(address) + "h   " + common::Hex4(word) + "h   " +
                              common::Binary14(word));
     }

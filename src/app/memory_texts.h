@@ -3,14 +3,14 @@
 
 #include <string>
 
-#include "core/processor_state.h"
+#include "core/processor.h"
 
 namespace corvane::app {
 
 constexpr int kProgramMemoryRows = 16;
 
 // Sixteen words from address scrollValue - 1 on: "0005h   2805h   10100000000101".
-std::string ProgramMemoryText(const core::ProcessorState& state, int scrollValue);
+std::string ProgramMemoryText(const core::Processor& processor, int scrollValue);
 // The scroll bar goes from 1 to this.
 int LargestProgramMemoryScrollValue(int programWords);
 

@@ -6,11 +6,12 @@ namespace corvane::app {
 
 namespace {
 
-using models::ModelFamily;
-
 constexpr int kPortA = 0;
-constexpr int kPortE = 4;
 constexpr std::size_t kTrisA = 0x085;  // TRISB to TRISE follow it
+
+bool HasConverter(const models::FamilyTraits& traits) {
+    return traits.analogUnit == models::AnalogUnit::Converter;
+}
 
 bool IsBitSet(int value, int bit) {
     return ((value >> bit) & 1) != 0;
@@ -27,7 +28,7 @@ std::string ReferenceText(const core::Processor& processor, core::Pin pin) {
         pin.port == kPortA && pin.bit == 2 && state.analogPinFlags[core::kRa2Reference];
     const bool isRa3 =
         pin.port == kPortA && pin.bit == 3 && state.analogPinFlags[core::kRa3Reference];
-    if (models::IsPic16F87x(processor.model->family)) {
+    if (HasConverter(*processor.traits)) {
         return isRa2 ? "VREF-" : isRa3 ? "VREF+" : "";
     }
     return isRa2 ? VoltsText(state.analogValues[2]) : "";
@@ -35,33 +36,20 @@ std::string ReferenceText(const core::Processor& processor, core::Pin pin) {
 
 }  // namespace
 
-std::optional<int> AnalogChannelOf(ModelFamily family, core::Pin pin) {
-    if (family != ModelFamily::Pic16F8x && pin.port == kPortA && pin.bit <= 3) {
-        return pin.bit;
-    }
-    if (models::IsPic16F87x(family) && pin.port == kPortA && pin.bit == 5) {
-        return 4;
-    }
-    if (family == ModelFamily::Pic16F87x40 && pin.port == kPortE && pin.bit <= 2) {
-        return 5 + pin.bit;
-    }
-    return std::nullopt;
-}
-
 PinAppearance AppearanceOf(const core::Processor& processor, core::Pin pin) {
     const core::ProcessorState& state = processor.state;
-    const ModelFamily family = processor.model->family;
+    const models::FamilyTraits& traits = *processor.traits;
     const auto port = static_cast<std::size_t>(pin.port);
-    const std::optional<int> channel = AnalogChannelOf(family, pin);
+    const std::optional<int> channel = models::AnalogChannelOf(traits, pin);
     const bool isInput = IsBitSet(state.dataMemory.at(kTrisA + port), pin.bit);
     if (isInput && IsAnalog(state, channel)) {
         const int value = state.analogValues.at(static_cast<std::size_t>(*channel));
-        return {PinButton::Analog, PinLevel::Analog, AnalogValueText(family, value), isInput};
+        return {PinButton::Analog, PinLevel::Analog, AnalogValueText(traits, value), isInput};
     }
     const PinButton button = isInput ? PinButton::Input : PinButton::None;
     if (const std::string reference = ReferenceText(processor, pin);
         isInput && !reference.empty()) {
-        return {models::IsPic16F87x(family) ? PinButton::None : button, PinLevel::Analog, reference,
+        return {HasConverter(traits) ? PinButton::None : button, PinLevel::Analog, reference,
                 isInput};
     }
     return IsBitSet(state.portValues.at(port), pin.bit)
@@ -75,8 +63,8 @@ std::string VoltsText(int hundredths) {
     return digits.substr(0, 1) + "." + digits.substr(1) + "V";
 }
 
-std::string AnalogValueText(ModelFamily family, int value) {
-    return family == ModelFamily::Pic16F62x ? VoltsText(value) : std::to_string(value);
+std::string AnalogValueText(const models::FamilyTraits& traits, int value) {
+    return HasConverter(traits) ? std::to_string(value) : VoltsText(value);
 }
 
 }  // namespace corvane::app

@@ -24,13 +24,10 @@ struct PinAppearance {
 // By the pin's direction, level and analog set-up. The model must have the pin.
 PinAppearance AppearanceOf(const core::Processor& processor, core::Pin pin);
 
-// The analog channel on this pin, if it has one.
-std::optional<int> AnalogChannelOf(models::ModelFamily family, core::Pin pin);
-
 // Hundredths of a volt, 0..500: "2.50V".
 std::string VoltsText(int hundredths);
 
 // The value of an analog input as its family shows it: "512" or "2.50V".
-std::string AnalogValueText(models::ModelFamily family, int value);
+std::string AnalogValueText(const models::FamilyTraits& traits, int value);
 
 }  // namespace corvane::app

@@ -3,7 +3,8 @@
 #include <algorithm>
 
 #include "core/execution.h"
-#include "core/simulation_control.h"
+#include "core/reset.h"
+#include "project/statistics.h"
 
 namespace corvane::app {
 
@@ -194,7 +195,7 @@ bool SimulationControl::IsPausing() {
 void SimulationControl::CompleteStop() {
     phase_ = Phase::Idle;
     pause_.reset();
-    const std::string statistics = core::StatisticsMessage(
+    const std::string statistics = project::StatisticsMessage(
         processor_->state, startTime_, clock_->SecondsSinceMidnight(), settings_->ClockFrequency());
     views_->CommandsChanged();
     dialogs_->Inform(statistics);

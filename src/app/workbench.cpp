@@ -8,7 +8,7 @@
 #include "app/source_file.h"
 #include "common/decimal_text.h"
 #include "common/text_file.h"
-#include "core/ports.h"
+#include "core/reset.h"
 #include "disasm/listing.h"
 #include "loader/intel_hex.h"
 #include "models/description.h"
@@ -96,7 +96,7 @@ bool Workbench::ApplySelectedModel() {
 }
 
 std::span<const std::uint16_t> Workbench::LoadedProgram() const {
-    return std::span(processor_.state.programMemory).first(static_cast<std::size_t>(loadedWords_));
+    return std::span(processor_.programMemory).first(static_cast<std::size_t>(loadedWords_));
 }
 
 CommandStates Workbench::Commands() const {
@@ -253,10 +253,6 @@ void Workbench::ChangeAdConversionTime() {
         settings_.SetAdConversionTime(*cycles);
         processor_.adConversionTime = *cycles;
     }
-}
-
-void Workbench::UpdatePortInputs() {
-    core::UpdatePortInputs(processor_);
 }
 
 void Workbench::TogglePin(core::Pin pin) {

@@ -80,7 +80,6 @@ class Workbench {
     void ChangeAdConversionTime();               // menuconversiontime
 
     // Microcontroller View.
-    void UpdatePortInputs();  // before it looks at the pins
     void TogglePin(core::Pin pin);
     void SetAnalogValue(int channel, int value);
 

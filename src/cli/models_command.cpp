@@ -31,7 +31,7 @@ CommandResult ListModels() {
         text += LeftAligned(model.name, 9) + RightAligned(model.programWords, 4) +
                 RightAligned(model.eepromBytes, 3) +
                 LeftAligned(common::Hex4(model.defaultConfigurationWord), 4);
-        text.append(models::FamilyName(model.family)).append("\n");
+        text.append(models::TraitsOf(model.family).name).append("\n");
     }
     const std::optional<std::string> error = WriteOutput("-", text);
     return error ? Refused(*error) : CommandResult{};

@@ -13,8 +13,9 @@
 #include "common/number_text.h"
 #include "common/text.h"
 #include "common/text_file.h"
-#include "core/simulation_control.h"
+#include "core/reset.h"
 #include "isa/instruction_set.h"
+#include "project/statistics.h"
 
 namespace corvane::cli {
 
@@ -148,8 +149,8 @@ CommandResult Simulate(const RunOptions& options, Simulation& simulation) {
     }
     const std::string statistics =
         options.quiet ? ""
-                      : core::StatisticsMessage(processor.state, startTime, SecondsSinceMidnight(),
-                                                options.clockFrequency);
+                      : project::StatisticsMessage(processor.state, startTime,
+                                                   SecondsSinceMidnight(), options.clockFrequency);
     const std::string errors = WriteResults(outputs, simulation, statistics);
     return errors.empty() ? ResultOfRun(options, processor) : Refused(errors);
 }

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "common/number_text.h"
+#include "project/last_instruction.h"
 
 namespace corvane::cli {
 
@@ -70,7 +71,7 @@ std::string StateJson(const core::Processor& processor, int loadedWords) {
     json.Add("stackPointer", state.stackPointer);
     json.Add("instructionCount", state.instructionCount);
     json.Add("clockCycles", state.clockCycles);
-    json.AddText("lastInstruction", core::LastInstructionText(state));
+    json.AddText("lastInstruction", project::LastInstructionText(state));
     json.Add("prescalerCount", state.prescalerCount);
     json.AddBoolean("stopRequested", state.stopRequested);
     json.AddArray("pinInputs", state.pinInputs);

@@ -3,8 +3,8 @@
 #include <charconv>
 #include <cstring>
 
-#include "core/processor.h"
 #include "isa/instruction_set.h"
+#include "project/last_instruction.h"
 
 namespace corvane::cli {
 
@@ -63,11 +63,11 @@ std::optional<std::string> Trace::AddLine(std::int64_t step, const core::Process
 
 std::string_view Trace::InstructionText(const core::ProcessorState& state) {
     if (state.lastInstruction < 0) {
-        return otherText_ = core::LastInstructionText(state);
+        return otherText_ = project::LastInstructionText(state);
     }
     std::string& text = textOfWord_[static_cast<std::size_t>(state.lastInstruction)];
     if (text.empty()) {
-        text = core::LastInstructionText(state);
+        text = project::LastInstructionText(state);
     }
     return text;
 }

@@ -5,13 +5,13 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 
+#include "core/cell_table.h"
+#include "core/peripheral.h"
 #include "core/processor_state.h"
 
 namespace corvane::core {
 
-struct Processor;
 struct DecodedWord;
 
 using ExecuteFunction = void (*)(Processor& processor, const DecodedWord& decoded);
@@ -29,65 +29,48 @@ struct DecodedWord {
 constexpr std::uint8_t kBreakpointMark = 1;
 constexpr std::uint8_t kBeyondMemoryMark = 2;
 
-// What an access to a cell does besides reading or writing it.
-enum class CellKind : std::uint8_t {
-    Plain,  // nothing
-    // From here on a write does more than store the masked value.
-    Status,
-    OptionReg,
-    DigitalTris,
-    AnalogTris,        // of a port with analog inputs
-    InterruptControl,  // PIRx, PIEx
-    AnalogControl,     // ADCON1, VRCON, CMCON
-    ConverterControl,  // ADCON0
-    EepromControl,     // EECON1
-    // From here on a read is not simply the cell either.
-    Tmr0,
-    Intcon,
-    Pcl,
-    DigitalPort,
-    AnalogPort,
-    Indirect,  // INDF: the cell depends on FSR
+constexpr std::size_t kMaxPeripherals = 32;
+using PeripheralMask = std::uint32_t;  // a bit for each place in the list
+constexpr PeripheralMask MaskOf(std::size_t peripheral) {
+    return PeripheralMask{1} << peripheral;
+}
+
+// Where a peripheral stands in time: clockCycles for those that count instruction cycles, else
+// steps as Dispatch counts them.
+struct Standing {
+    std::int64_t advancedUntil = 0;
+    std::int64_t due = kNever;
 };
-constexpr CellKind kFirstKindWithWrite = CellKind::Status;
-constexpr CellKind kFirstKindWithRead = CellKind::Tmr0;
-
-// What must be looked at before a step ends.
-using Attention = std::uint8_t;
-constexpr Attention kPortAttention = 0x01;  // port A; B to E are the next bits
-constexpr Attention kAllPortsAttention = 0x1F;
-constexpr Attention kAnalogAttention = 0x20;  // converter or comparators
-constexpr Attention kEepromAttention = 0x40;
-constexpr Attention kInterruptAttention = 0x80;
-constexpr Attention kAllAttention = 0xFF;
-
-// Stands for INDF in resolvedCells: the cell depends on FSR.
-constexpr int kIndirectCell = models::kDataMemorySize;
-
-constexpr std::int64_t kNever = std::numeric_limits<std::int64_t>::max();
 
 struct Dispatch {
     std::array<DecodedWord, kProgramCounterRange> code{};
     std::array<std::uint16_t, models::kDataMemorySize> resolvedCells{};  // by data-memory address
-    std::array<CellKind, models::kDataMemorySize + 1> cellKinds{};
+    CellTable cells;
     std::size_t bankOffset = 0;  // 80h x RP1:RP0
 
-    // Timer0 is counted when somebody looks or when it overflows, not in each cycle.
-    std::int64_t timerCountedUntil = 0;     // in clockCycles
-    std::int64_t timerOverflowAt = kNever;  // in clockCycles
+    // The peripherals, by their place in the list.
+    std::array<Standing, kMaxPeripherals> standings{};
+    PeripheralMask counting = 0;   // those with a due time
+    PeripheralMask attention = 0;  // those that must be advanced at the end of the present step
+    PeripheralMask literalWatchers = 0;
+    std::array<PeripheralMask, kNewsCount> followers{};
+    std::int64_t clockDue = kNever;  // the earliest due time in clockCycles
+    std::int64_t stepDue = kNever;   // and in steps
 
-    Attention attention = 0;
-    bool analogConfigChanged = false;  // ADCON1, CMCON or VRCON was written
+    std::int64_t steps = 0;  // any number that counts on with each step
     bool interruptPending = false;
+
     // Cycles of the present slice that were no instruction's first.
     std::int64_t extraCycles = 0;
-
-    // Steps until a conversion or an EEPROM write in progress is done.
-    std::int64_t stepsToDue = kNever;
 
     // Instructions are executed one after the other until clockCycles reaches this. Whatever needs
     // a look at the end of the present step lowers it.
     std::int64_t sliceEnd = 0;
 };
+
+// The present step is the last of its slice.
+inline void EndSlice(Dispatch& dispatch) {
+    dispatch.sliceEnd = 0;
+}
 
 }  // namespace corvane::core

@@ -3,51 +3,28 @@
 #include <cstddef>
 
 #include "common/text.h"
-#include "core/data_memory.h"
-#include "core/interrupts.h"
-#include "core/ports.h"
-#include "core/timer0.h"
+#include "core/cpu/interrupts.h"
+#include "core/peripherals/ports.h"
+#include "core/registers.h"
+#include "core/schedule.h"
 
 namespace corvane::core {
 
 namespace {
 
-// RA4/T0CKI. Whether the pin is an input does not matter.
-void ExternalClockEdge(Processor& processor, bool newLevel) {
-    const std::uint8_t option = processor.state.dataMemory[kOptionReg];
-    const bool countsFalling = AnySet(option, option_reg::kT0se);
-    if (AnySet(option, option_reg::kT0cs) && newLevel != countsFalling) {
-        TimerTick(processor);
-    }
-}
-
-// RB0/INT.
-void IntPinEdge(ProcessorState& state, bool oldLevel) {
-    const bool wantsRising = AnySet(state.dataMemory[kOptionReg], option_reg::kIntedg);
-    if (oldLevel != wantsRising) {
-        SetBits(state.dataMemory[kIntcon], intcon::kIntf);
-    }
-}
-
-// RB4 to RB7.
-void PortBChange(ProcessorState& state) {
-    SetBits(state.dataMemory[kIntcon], intcon::kRbif);
-}
-
-void ApplyEdge(Processor& processor, Pin pin, bool newLevel) {
-    if (pin.port == 0 && pin.bit == 4) {
-        ExternalClockEdge(processor, newLevel);
-    } else if (pin.port == 1 && pin.bit == 0) {
-        IntPinEdge(processor.state, !newLevel);
-    } else if (pin.port == 1 && pin.bit >= 4) {
-        PortBChange(processor.state);
+void ApplyEdge(Processor& processor, Pin pin, bool isHigh) {
+    for (std::size_t index = 0; index < processor.peripherals.size(); ++index) {
+        if (const auto pinEdge = processor.peripherals[index]->pinEdge; pinEdge != nullptr) {
+            pinEdge(processor, pin, isHigh);
+            Reschedule(processor, index);
+        }
     }
 }
 
 void BringPortsUpToDate(Processor& processor) {
-    UpdatePortInputs(processor);
+    UpdateAllPorts(processor);
+    Tell(processor, News::Levels);
     processor.dispatch.interruptPending = InterruptPending(processor);
-    RaiseAttention(processor.dispatch, kAnalogAttention);
 }
 
 }  // namespace

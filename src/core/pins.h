@@ -8,10 +8,7 @@
 
 namespace corvane::core {
 
-struct Pin {
-    int port;  // 0 to 4 for ports A to E
-    int bit;   // 0..7
-};
+using models::Pin;
 
 // The I/O pin of this name ("RA0" to "RE7", either case), if the model has it.
 std::optional<Pin> FindPin(const models::Model& model, std::string_view name);

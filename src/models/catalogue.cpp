@@ -1,6 +1,5 @@
 #include "models/catalogue.h"
 
-#include <array>
 #include <cstddef>
 
 #include "common/text.h"
@@ -9,13 +8,68 @@ namespace corvane::models {
 
 namespace {
 
-// In the order of ModelFamily.
-constexpr std::array<FamilyTraits, 4> kTraits = {{
-    {2, {0x1F, 0xFF}, 0x008, 0x009, 0x088, 0x089, 0x088, 0x10, 0, 0},
-    {3, {0x3F, 0xFF, 0xFF}, 0x10C, 0x10D, 0x18C, 0x18D, 0x00D, 0x10, 5, 1023},
-    {5, {0x3F, 0xFF, 0xFF, 0xFF, 0x07}, 0x10C, 0x10D, 0x18C, 0x18D, 0x00D, 0x10, 8, 1023},
-    {2, {0xFF, 0xFF}, 0x09A, 0x09B, 0x09C, 0x09D, 0x00C, 0x80, 4, 500},
-}};
+constexpr FamilyTraits kPic16F8x = {
+    .name = "PIC16F8x",
+    .portCount = 2,
+    .portPins = {0x1F, 0xFF},
+    .eedata = 0x008,
+    .eeadr = 0x009,
+    .eecon1 = 0x088,
+    .eecon2 = 0x089,
+    .eeifRegister = 0x088,
+    .eeifMask = 0x10,
+    .hasEepgd = false,
+    .interruptSources = {{{.flags = 0x088, .mask = 0x10}}},
+};
+
+constexpr FamilyTraits kPic16F87x28 = {
+    .name = "PIC16F87x (28 pins)",
+    .portCount = 3,
+    .portPins = {0x3F, 0xFF, 0xFF},
+    .eedata = 0x10C,
+    .eeadr = 0x10D,
+    .eecon1 = 0x18C,
+    .eecon2 = 0x18D,
+    .eeifRegister = 0x00D,
+    .eeifMask = 0x10,
+    .hasEepgd = true,
+    // CCP2IF, BCLIF, EEIF and the reserved bit 6 of PIR2.
+    .interruptSources = {{{.flags = 0x00C, .enables = 0x08C, .mask = 0xFF},
+                          {.flags = 0x00D, .enables = 0x08D, .mask = 0x59}}},
+    .analogUnit = AnalogUnit::Converter,
+    .analogChannels = 5,
+    .analogFullScale = 1023,
+    .analogPins = {{{0, 0}, {0, 1}, {0, 2}, {0, 3}, {0, 5}}},
+};
+
+constexpr FamilyTraits WithFortyPins() {
+    FamilyTraits traits = kPic16F87x28;
+    traits.name = "PIC16F87x (40 pins)";
+    traits.portCount = 5;
+    traits.portPins = {0x3F, 0xFF, 0xFF, 0xFF, 0x07};
+    traits.analogChannels = 8;
+    traits.analogPins = {{{0, 0}, {0, 1}, {0, 2}, {0, 3}, {0, 5}, {4, 0}, {4, 1}, {4, 2}}};
+    return traits;
+}
+constexpr FamilyTraits kPic16F87x40 = WithFortyPins();
+
+constexpr FamilyTraits kPic16F62x = {
+    .name = "PIC16F62x",
+    .portCount = 2,
+    .portPins = {0xFF, 0xFF},
+    .eedata = 0x09A,
+    .eeadr = 0x09B,
+    .eecon1 = 0x09C,
+    .eecon2 = 0x09D,
+    .eeifRegister = 0x00C,
+    .eeifMask = 0x80,
+    .hasEepgd = false,
+    .interruptSources = {{{.flags = 0x00C, .enables = 0x08C, .mask = 0xF7}}},  // no bit 3
+    .analogUnit = AnalogUnit::Comparators,
+    .analogChannels = 4,
+    .analogFullScale = 500,
+    .analogPins = {{{0, 0}, {0, 1}, {0, 2}, {0, 3}}},
+};
 
 }  // namespace
 
@@ -29,22 +83,27 @@ std::optional<int> FindModel(std::string_view name) {
     return std::nullopt;
 }
 
-std::string_view FamilyName(ModelFamily family) {
+const FamilyTraits& TraitsOf(ModelFamily family) {
     switch (family) {
         case ModelFamily::Pic16F8x:
-            return "PIC16F8x";
+            return kPic16F8x;
         case ModelFamily::Pic16F87x28:
-            return "PIC16F87x (28 pins)";
+            return kPic16F87x28;
         case ModelFamily::Pic16F87x40:
-            return "PIC16F87x (40 pins)";
+            return kPic16F87x40;
         case ModelFamily::Pic16F62x:
-            return "PIC16F62x";
+            break;
     }
-    return "";
+    return kPic16F62x;
 }
 
-const FamilyTraits& TraitsOf(ModelFamily family) {
-    return kTraits[static_cast<std::size_t>(family)];
+std::optional<int> AnalogChannelOf(const FamilyTraits& traits, Pin pin) {
+    for (int channel = 0; channel < traits.analogChannels; ++channel) {
+        if (traits.analogPins[static_cast<std::size_t>(channel)] == pin) {
+            return channel;
+        }
+    }
+    return std::nullopt;
 }
 
 std::string DescriptionFileName(std::string_view modelName) {

@@ -1,5 +1,5 @@
-// The eight microcontrollers and what their families have in common. Register maps are not here but
-// in the description files (models/description.h).
+// The microcontrollers and what their families have in common. Register maps are not here but in
+// the description files (models/description.h).
 #pragma once
 
 #include <array>
@@ -20,18 +20,49 @@ struct Model {
     ModelFamily family;
 };
 
-constexpr int kModelCount = 8;
-
-inline constexpr std::array<Model, kModelCount> kModelCatalogue = {{
-    {"PIC16F83", 512, 64, 0x3FF1, ModelFamily::Pic16F8x},
-    {"PIC16F84", 1024, 64, 0x3FF1, ModelFamily::Pic16F8x},
-    {"PIC16F873", 4096, 128, 0x3D71, ModelFamily::Pic16F87x28},
-    {"PIC16F874", 4096, 128, 0x3D71, ModelFamily::Pic16F87x40},
-    {"PIC16F876", 8192, 256, 0x3D71, ModelFamily::Pic16F87x28},
-    {"PIC16F877", 8192, 256, 0x3D71, ModelFamily::Pic16F87x40},
-    {"PIC16F627", 1024, 128, 0x3F50, ModelFamily::Pic16F62x},
-    {"PIC16F628", 2048, 128, 0x3F50, ModelFamily::Pic16F62x},
-}};
+inline constexpr auto kModelCatalogue = std::to_array<Model>({
+    {.name = "PIC16F83",
+     .programWords = 512,
+     .eepromBytes = 64,
+     .defaultConfigurationWord = 0x3FF1,
+     .family = ModelFamily::Pic16F8x},
+    {.name = "PIC16F84",
+     .programWords = 1024,
+     .eepromBytes = 64,
+     .defaultConfigurationWord = 0x3FF1,
+     .family = ModelFamily::Pic16F8x},
+    {.name = "PIC16F873",
+     .programWords = 4096,
+     .eepromBytes = 128,
+     .defaultConfigurationWord = 0x3D71,
+     .family = ModelFamily::Pic16F87x28},
+    {.name = "PIC16F874",
+     .programWords = 4096,
+     .eepromBytes = 128,
+     .defaultConfigurationWord = 0x3D71,
+     .family = ModelFamily::Pic16F87x40},
+    {.name = "PIC16F876",
+     .programWords = 8192,
+     .eepromBytes = 256,
+     .defaultConfigurationWord = 0x3D71,
+     .family = ModelFamily::Pic16F87x28},
+    {.name = "PIC16F877",
+     .programWords = 8192,
+     .eepromBytes = 256,
+     .defaultConfigurationWord = 0x3D71,
+     .family = ModelFamily::Pic16F87x40},
+    {.name = "PIC16F627",
+     .programWords = 1024,
+     .eepromBytes = 128,
+     .defaultConfigurationWord = 0x3F50,
+     .family = ModelFamily::Pic16F62x},
+    {.name = "PIC16F628",
+     .programWords = 2048,
+     .eepromBytes = 128,
+     .defaultConfigurationWord = 0x3F50,
+     .family = ModelFamily::Pic16F62x},
+});
+constexpr int kModelCount = static_cast<int>(kModelCatalogue.size());
 
 // Rows of the catalogue; the settings value "Microcontroller Model" holds such a row.
 constexpr int kDefaultModel = 1;  // PIC16F84
@@ -39,30 +70,57 @@ constexpr int kDefaultModel = 1;  // PIC16F84
 // The row with this name, in upper or lower case.
 std::optional<int> FindModel(std::string_view name);
 
-// The family's name as the command line lists it: "PIC16F8x".
-std::string_view FamilyName(ModelFamily family);
+// An I/O pin: "RB7" is {1, 7}.
+struct Pin {
+    int port;  // 0 to 4 for ports A to E
+    int bit;   // 0..7
+    bool operator==(const Pin&) const = default;
+};
 
-// Of either package.
-constexpr bool IsPic16F87x(ModelFamily family) {
-    return family == ModelFamily::Pic16F87x28 || family == ModelFamily::Pic16F87x40;
-}
+constexpr int kPortCount = 5;       // ports A to E
+constexpr int kAnalogChannels = 8;  // AN0 to AN7
 
-// Registers are full data-memory addresses, bank x 80h + file address.
+// What analog inputs lead to, and what their values count.
+enum class AnalogUnit : std::uint8_t {
+    None,
+    Converter,    // counts of the A/D converter
+    Comparators,  // hundredths of a volt
+};
+
+constexpr int kNoRegister = -1;
+
+// Flags that ask for an interrupt while INTCON's PEIE is set (EEIE on PIC16F8x).
+struct InterruptSource {
+    int flags = kNoRegister;
+    int enables = kNoRegister;  // the register with the enable bits; without one all are enabled
+    int mask = 0;               // the bits of both that are sources
+};
+
+// What the models of a family have in common. Registers are full data-memory addresses, bank x 80h
+// + file address.
 struct FamilyTraits {
-    int portCount;                         // ports that are read through the pins, from PORTA on
-    std::array<std::uint8_t, 5> portPins;  // the I/O pins that ports A to E have
+    std::string_view name;  // as the command line lists it: "PIC16F8x"
+    int portCount;          // ports that are read through the pins, from PORTA on
+    std::array<std::uint8_t, kPortCount> portPins;  // the I/O pins that the ports have
     int eedata;
     int eeadr;
     int eecon1;
     int eecon2;
     int eeifRegister;  // where the EEPROM write-complete flag stands
     int eeifMask;
-    int analogChannels;   // AN0.. that a person can set
-    int analogFullScale;  // largest analog value: A/D counts, or hundredths of a volt on PIC16F62x
+    bool hasEepgd;  // EECON1 can point at program memory
+    std::array<InterruptSource, 2> interruptSources = {};
+    AnalogUnit analogUnit = AnalogUnit::None;
+    int analogChannels = 0;                            // AN0.. that a person can set
+    int analogFullScale = 0;                           // largest analog value
+    std::array<Pin, kAnalogChannels> analogPins = {};  // of AN0..
 };
 
-// What the models of a family have in common.
+// The row of the family.
 const FamilyTraits& TraitsOf(ModelFamily family);
+
+// The analog channel (0 for AN0) on this pin, if it has one.
+std::optional<int> AnalogChannelOf(const FamilyTraits& traits, Pin pin);
 
 // The description file's name: "pic16f84.cfg".
 std::string DescriptionFileName(std::string_view modelName);

@@ -7,7 +7,7 @@
 
 #include "asm/assembler.h"
 #include "core/execution.h"
-#include "core/simulation_control.h"
+#include "core/reset.h"
 #include "loader/intel_hex.h"
 #include "models/symbol_lines.h"
 

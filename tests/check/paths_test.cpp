@@ -8,7 +8,7 @@
 
 #include "core/execution.h"
 #include "core/random.h"
-#include "core/simulation_control.h"
+#include "core/reset.h"
 #include "isa/instruction_set.h"
 #include "shipped_files.h"
 

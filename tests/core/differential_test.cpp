@@ -54,6 +54,10 @@ class DifferentialTest : public testing::TestWithParam<int> {
         if (random_.Below(100) == 0) {
             pair_.Edit([this](ProcessorState& state) { EditSomething(state); });
         }
+        if (random_.Below(2000) == 0) {
+            pair_.EditWord((pair_.state().pc + random_.Below(8)) % model_.programWords,
+                           static_cast<std::uint16_t>(random_.Below(isa::kWordCount)));
+        }
         if (random_.Below(200) == 0 || (StandsStill() && random_.Chance(50))) {
             const std::array places = {kProgramCounterRange - 1, model_.programWords - 1,
                                        random_.Below(kProgramCounterRange),
@@ -90,11 +94,8 @@ class DifferentialTest : public testing::TestWithParam<int> {
         const std::size_t cell = chip.description.addressMap.at(static_cast<std::size_t>(
             random_.Chance(60) ? RandomSpecialRegister(model_.family, random_)
                                : random_.Below(models::kDataMemorySize)));
-        const auto soon =
-            static_cast<std::size_t>((state.pc + random_.Below(8)) % model_.programWords);
         const std::vector<std::function<void()>> edits = {
             [&] { state.w = byte; },
-            [&] { state.programMemory.at(soon) = static_cast<std::uint16_t>(index(0x4000)); },
             [&] { state.eepromMemory.at(index(model_.eepromBytes)) = byte; },
             [&] { state.stackPointer = 1 + random_.Below(kStackLevels); },
             [&] { state.eeUnlockState = random_.Below(5); },
@@ -106,7 +107,7 @@ class DifferentialTest : public testing::TestWithParam<int> {
             [&] { state.prescalerCount = byte; },
             [&] { state.pinInputs.at(index(2)) = byte; },
             [&] {
-                const bool converts = models::IsPic16F87x(model_.family);
+                const bool converts = traits_.analogUnit == models::AnalogUnit::Converter;
                 state.adElapsed = converts ? 4 * random_.Below(chip.adConversionTime / 4) : 0;
             }};
         if (random_.Chance(50)) {

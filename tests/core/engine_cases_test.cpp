@@ -10,6 +10,7 @@
 #include "core/engine_pair.h"
 #include "core/state_fields.h"
 #include "isa/instruction_set.h"
+#include "project/last_instruction.h"
 #include "shipped_files.h"
 
 namespace corvane::core {
@@ -72,7 +73,7 @@ class Case {
 
     void Expect(const std::string& name, const std::string& value) {
         if (name == "text") {
-            EXPECT_EQ(LastInstructionText(pair_->state()), value);
+            EXPECT_EQ(project::LastInstructionText(pair_->state()), value);
             return;
         }
         bool isKnown = false;

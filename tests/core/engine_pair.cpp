@@ -6,10 +6,11 @@
 #include <stdexcept>
 
 #include "common/number_text.h"
-#include "core/simulation_control.h"
+#include "core/reset.h"
 #include "core/state_fields.h"
 #include "disasm/decoder.h"
 #include "isa/instruction_set.h"
+#include "project/last_instruction.h"
 #include "shipped_files.h"
 
 namespace corvane::core {
@@ -26,8 +27,8 @@ void EnginePair::SetTimes(int eepromWriteTime, int adConversionTime) {
 }
 
 void EnginePair::Load(std::span<const std::uint16_t> words) {
-    plainState_.programMemory.fill(0);
-    std::copy(words.begin(), words.end(), plainState_.programMemory.begin());
+    chip_.programMemory.fill(0);
+    std::copy(words.begin(), words.end(), chip_.programMemory.begin());
     FillProgramMemory(processor_, words);
 }
 
@@ -47,7 +48,7 @@ void EnginePair::PlainStep() {
     constexpr std::size_t kInstructionsShown = 8;
     const int address = plainState_.pc;
     plain::ExecuteStep(chip_, plainState_);
-    history_.push_back(common::Hex4(address) + " " + LastInstructionText(plainState_));
+    history_.push_back(common::Hex4(address) + " " + project::LastInstructionText(plainState_));
     if (history_.size() > kInstructionsShown) {
         history_.pop_front();
     }
@@ -68,6 +69,12 @@ void EnginePair::Edit(const std::function<void(ProcessorState&)>& edit) {
     edit(plainState_);
     processor_.state = plainState_;
     StateChanged(processor_);
+    plain::StateChanged(chip_, plainState_);
+}
+
+void EnginePair::EditWord(int address, std::uint16_t word) {
+    chip_.programMemory.at(static_cast<std::size_t>(address)) = word;
+    FillProgramMemory(processor_, chip_.programMemory);
 }
 
 void EnginePair::SetBreakpoints(std::span<const int> addresses) {
@@ -88,9 +95,7 @@ std::string EnginePair::Report() const {
             report << name << ": plain " << plainFields[name] << ", fast " << fast << "\n";
         }
     });
-    report << (plainState_.programMemory == processor_.state.programMemory ? ""
-                                                                           : "program memory\n")
-           << "the last steps:\n";
+    report << "the last steps:\n";
     for (const std::string& line : history_) {
         report << "  " << line << "\n";
     }

@@ -31,6 +31,7 @@ class EnginePair {
     void Toggle(Pin pin, bool simulationRunning);
     void SetAnalog(int channel, int value);
     void Edit(const std::function<void(ProcessorState&)>& edit);
+    void EditWord(int address, std::uint16_t word);
     void SetBreakpoints(std::span<const int> addresses);
 
     const plain::Chip& chip() const { return chip_; }

@@ -50,7 +50,7 @@ class Engine : public Registers {
         } else {
             s_.instructionCount += 1;
             InstructionCycle();
-            s_.lastInstruction = At(s_.programMemory, s_.pc % chip_.model->programWords);
+            s_.lastInstruction = At(chip_.programMemory, s_.pc % chip_.model->programWords);
             Execute(s_.lastInstruction);
             SetCell(kStatus, (Cell(kStatus) & 0xE7) | powerFlags_);
         }
@@ -63,7 +63,6 @@ class Engine : public Registers {
 
     void Clean() {
         ProcessorState fresh;
-        fresh.programMemory = s_.programMemory;
         fresh.stopRequested = s_.stopRequested;
         s_ = fresh;
         for (const models::Sfr& sfr : chip_.description.sfrList) {
@@ -71,12 +70,13 @@ class Engine : public Registers {
                 SetCell(sfr.address, sfr.resetValue);
             }
         }
-        if (Is87x()) {
-            AdcPortConfig();
-        }
-        if (Is62x()) {
-            ComparatorPortConfig();
-        }
+        StateChanged();
+    }
+
+    // What follows from an edited state without a step.
+    void StateChanged() {
+        UsePins();
+        UpdatePortInputs();
     }
 
     void TogglePin(Pin pin, bool simulationRunning) {
@@ -279,14 +279,22 @@ class Engine : public Registers {
 
     // Peripherals.
 
-    void UpdatePeripherals() {
+    void UsePins() {
         if (Is87x()) {
             AdcPortConfig();
-            AdcUpdate();
         }
         if (Is62x()) {
             VoltageReferenceUpdate();
             ComparatorPortConfig();
+        }
+    }
+
+    void UpdatePeripherals() {
+        UsePins();
+        if (Is87x()) {
+            AdcUpdate();
+        }
+        if (Is62x()) {
             ComparatorUpdate();
         }
         EepromRead();
@@ -455,6 +463,10 @@ void ExecuteStep(const Chip& chip, ProcessorState& state) {
 
 void TogglePin(const Chip& chip, ProcessorState& state, Pin pin, bool simulationRunning) {
     Engine(chip, state).TogglePin(pin, simulationRunning);
+}
+
+void StateChanged(const Chip& chip, ProcessorState& state) {
+    Engine(chip, state).StateChanged();
 }
 
 void AcceptAnalogValue(const Chip& chip, ProcessorState& state, int channel, int value) {

@@ -4,6 +4,9 @@
 // engine of the product is compared with it.
 #pragma once
 
+#include <array>
+#include <cstdint>
+
 #include "core/pins.h"
 #include "core/processor_state.h"
 #include "models/catalogue.h"
@@ -14,6 +17,7 @@ namespace corvane::core::plain {
 struct Chip {
     const models::Model* model;
     models::ModelDescription description;
+    std::array<std::uint16_t, kProgramCounterRange> programMemory{};
     int eepromWriteTime = 1000;  // clock cycles
     int adConversionTime = 100;  // clock cycles
 };
@@ -22,6 +26,7 @@ void Clean(const Chip& chip, ProcessorState& state);
 void Start(const Chip& chip, ProcessorState& state);
 void ExecuteStep(const Chip& chip, ProcessorState& state);
 void TogglePin(const Chip& chip, ProcessorState& state, Pin pin, bool simulationRunning);
+void StateChanged(const Chip& chip, ProcessorState& state);
 void AcceptAnalogValue(const Chip& chip, ProcessorState& state, int channel, int value);
 
 }  // namespace corvane::core::plain

@@ -63,6 +63,7 @@ class Generator {
     }
 
   private:
+    bool Is87x() const { return eeprom_.hasEepgd; }
     int Here() const { return static_cast<int>(words_.size()); }
     int SpecialRegister() { return RandomSpecialRegister(model_.family, random_); }
 
@@ -98,7 +99,7 @@ class Generator {
             case kPclath:
                 return (value & 0x1F) * 256 % model_.programWords / 256;
             case kAdcon0:
-                return models::IsPic16F87x(model_.family) ? value | 0x05 : value;
+                return Is87x() ? value | 0x05 : value;
             case kAdcon1:
                 return value | 0x80;
             default:
@@ -315,7 +316,7 @@ class Generator {
         if (model_.family != ModelFamily::Pic16F8x) {
             WriteRegister(kPie1);
         }
-        if (models::IsPic16F87x(model_.family)) {
+        if (Is87x()) {
             WriteRegister(kPie2);
         }
         WriteRegister(kIntcon);
@@ -329,7 +330,7 @@ class Generator {
             }
         }
         for (const int address : {eeprom_.eeifRegister, kPir1, kPir2}) {
-            const bool isFlags = address != kPir2 || models::IsPic16F87x(model_.family);
+            const bool isFlags = address != kPir2 || Is87x();
             if (isFlags && random_.Chance(60)) {
                 WriteLiteral(address, 0);
             }

@@ -9,8 +9,7 @@
 
 namespace corvane::core {
 
-// Calls visit(name, field) for every field of a state, which may be const, but not for the 8192
-// words of program memory.
+// Calls visit(name, field) for every field of a state, which may be const.
 template <typename State, typename Visit>
 void ForEachField(State& state, const Visit& visit) {
     const auto visitArray = [&visit](const std::string& name, auto& array) {

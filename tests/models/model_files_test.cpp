@@ -188,7 +188,7 @@ TEST(Catalogue, HasTheDataSheetsFigures) {
         const FamilyTraits& traits = TraitsOf(model.family);
         return std::to_string(model.programWords) + " " + std::to_string(model.eepromBytes) + " " +
                common::Hex4(model.defaultConfigurationWord) + " " +
-               std::string(FamilyName(model.family)) + ", " +
+               std::string(TraitsOf(model.family).name) + ", " +
                std::to_string(traits.analogChannels) + " " + std::to_string(traits.analogFullScale);
     });
     EXPECT_EQ(FindModel("PIC16F88"), std::nullopt);
@@ -206,6 +206,21 @@ TEST(Packages, HaveTheDataSheetsPins) {
         }
         return text;
     });
+}
+
+TEST(Packages, LabelTheAnalogPins) {
+    for (const Model& model : kModelCatalogue) {
+        const FamilyTraits& traits = TraitsOf(model.family);
+        for (const PackagePin& pin : PackagePins(model.family)) {
+            const std::size_t channel = pin.label.find("/AN");
+            std::optional<int> named;
+            if (channel != std::string_view::npos) {
+                named = pin.label.at(channel + 3) - '0';
+            }
+            const Pin place = {pin.label.at(1) - 'A', pin.label.at(2) - '0'};
+            EXPECT_EQ(AnalogChannelOf(traits, place), named) << model.name << " " << pin.label;
+        }
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Models, ModelFile, testing::ValuesIn(kModelCatalogue),

@@ -389,7 +389,8 @@ class WindowScript : public DesktopTest, public testing::WithParamInterface<std:
         const models::Model& model = desktop->Workbench().Model();
         std::string seen = pin;
         Texts buttons = {pin + "in"};
-        if (const auto channel = app::AnalogChannelOf(model.family, *core::FindPin(model, pin))) {
+        if (const auto channel = models::AnalogChannelOf(models::TraitsOf(model.family),
+                                                         *core::FindPin(model, pin))) {
             buttons.push_back("an" + std::to_string(*channel) + "in");
         }
         for (const std::string& button : buttons) {

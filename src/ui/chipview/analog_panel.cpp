@@ -77,7 +77,7 @@ void AnalogPanel::Open(int channel, int value) {
 }
 
 void AnalogPanel::ShowValue(int value) {
-    valueLabel_->ShowText(app::AnalogValueText(family_, value));
+    valueLabel_->ShowText(app::AnalogValueText(models::TraitsOf(family_), value));
 }
 
 void AnalogPanel::Accept() {

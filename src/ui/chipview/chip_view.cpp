@@ -81,7 +81,6 @@ void ChipView::Toggle(const InputButton& button, core::Pin pin) {
 }
 
 void ChipView::refreshpic() {
-    Workbench().UpdatePortInputs();
     for (PinControls& pin : pins_) {
         pin.Show(app::AppearanceOf(Workbench().Processor(), pin.Pin()));
     }

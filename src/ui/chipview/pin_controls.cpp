@@ -44,7 +44,7 @@ void SetUpButton(QToolButton& button, const QString& name) {
 PinControls::PinControls(PackageDiagram& diagram, const models::PackagePin& place,
                          models::ModelFamily family, core::Pin pin)
     : pin_(pin),
-      analogChannel_(app::AnalogChannelOf(family, pin)),
+      analogChannel_(models::AnalogChannelOf(models::TraitsOf(family), pin)),
       level_(new DataLabel(kWidestLevel)),
       input_(new InputButton) {
     const QString label = PinLabelInWords(place.label);

@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "project/last_instruction.h"
 #include "ui/common/heading.h"
 #include "ui/main/register_table.h"
 
@@ -52,7 +53,7 @@ LastInstructionPanel::LastInstructionPanel()
 void LastInstructionPanel::Show(const core::ProcessorState& state) {
     if (shownWord_ != state.lastInstruction) {
         shownWord_ = state.lastInstruction;
-        instruction_->ShowText(core::LastInstructionText(state));
+        instruction_->ShowText(project::LastInstructionText(state));
     }
 }
 

@@ -69,7 +69,7 @@ void ProgramMemoryViewer::AddScrollKeys() {
 }
 
 void ProgramMemoryViewer::memorijaprint() {
-    text_->ShowText(app::ProgramMemoryText(Workbench().Processor().state, scrollBar_->value()));
+    text_->ShowText(app::ProgramMemoryText(Workbench().Processor(), scrollBar_->value()));
 }
 
 void ProgramMemoryViewer::wheelEvent(QWheelEvent* event) {

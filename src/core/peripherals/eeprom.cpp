@@ -1,11 +1,15 @@
-#include "core/eeprom.h"
+// The data EEPROM. Data sheet: "Data EEPROM Memory".
 
+#include "core/peripherals/peripherals.h"
 #include "core/registers.h"
+#include "core/schedule.h"
 #include "isa/instruction_set.h"
 
 namespace corvane::core {
 
 namespace {
+
+constexpr int kFirstUnlockByte = 0x55;
 
 bool IsMovlw(int word, int literal) {
     return isa::Classify(word) == isa::Operation::Movlw && isa::Literal8Field(word) == literal;
@@ -29,9 +33,7 @@ struct Eeprom {
     std::uint8_t& Eecon1() { return Register(traits.eecon1); }
 
     // EEPGD points RD and WR at program memory, which is neither read nor written.
-    bool IsDataMemorySelected() {
-        return !models::IsPic16F87x(model.family) || !AnySet(Eecon1(), eecon1::kEepgd);
-    }
+    bool IsDataMemorySelected() { return !traits.hasEepgd || !AnySet(Eecon1(), eecon1::kEepgd); }
 
     void Read() {
         if (!AnySet(Eecon1(), eecon1::kRd)) {
@@ -53,7 +55,7 @@ struct Eeprom {
         bool advances = false;
         switch (state.eeUnlockState) {
             case 0:
-                advances = IsMovlw(word, 0x55);
+                advances = IsMovlw(word, kFirstUnlockByte);
                 break;
             case 2:
                 advances = IsMovlw(word, 0xAA);
@@ -85,7 +87,7 @@ struct Eeprom {
     void AdvanceWrite() {
         state.eeWriteElapsed += kClocksPerCycle;
         SetBits(Eecon1(), eecon1::kWr);
-        if (models::IsPic16F87x(model.family)) {
+        if (traits.hasEepgd) {
             ClearBits(Eecon1(), eecon1::kEepgd);
         }
         if (state.eeWriteElapsed < writeTime) {
@@ -102,22 +104,46 @@ struct Eeprom {
     }
 };
 
-}  // namespace
+bool WatchesLiteral(int literal) {
+    return literal == kFirstUnlockByte;
+}
 
-void EepromUpdate(Processor& processor) {
-    Eeprom eeprom = {processor.state, *processor.model, models::TraitsOf(processor.model->family),
-                     processor.eepromWriteTime};
+void ClaimCells(CellTable& cells, const models::FamilyTraits& traits) {
+    cells.Claim(static_cast<std::size_t>(traits.eecon1), {.asksForLook = true});
+}
+
+// Each step of the unlock sequence, or the end of a write.
+std::int64_t NextDue(const Processor& processor) {
+    const ProcessorState& state = processor.state;
+    if (state.eeUnlockState != 0) {
+        return 1;
+    }
+    return state.eeWriteBusy ? StepsUntil(processor.eepromWriteTime, state.eeWriteElapsed) : kNever;
+}
+
+void Advance(Processor& processor, std::int64_t steps) {
+    ProcessorState& state = processor.state;
+    Eeprom eeprom = {state, *processor.model, *processor.traits, processor.eepromWriteTime};
+    if (state.eeWriteBusy) {
+        state.eeWriteElapsed += static_cast<int>(steps - 1) * kClocksPerCycle;
+    }
     eeprom.Read();
-    if (!processor.state.eeWriteBusy) {
+    if (!state.eeWriteBusy) {
         eeprom.WatchUnlock();
     }
-    if (processor.state.eeWriteBusy) {
+    if (state.eeWriteBusy) {
         eeprom.AdvanceWrite();
     }
 }
 
-bool BeginsUnlock(int word) {
-    return IsMovlw(word, 0x55);
-}
+}  // namespace
+
+const Peripheral kEeprom = {
+    .claimCells = ClaimCells,
+    .unit = TimeUnit::Steps,
+    .nextDue = NextDue,
+    .advance = Advance,
+    .watchesLiteral = WatchesLiteral,
+};
 
 }  // namespace corvane::core

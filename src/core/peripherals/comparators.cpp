@@ -1,8 +1,9 @@
-#include "core/comparators.h"
-
-#include <cmath>
-
+// The comparators and the voltage reference.
+// Data sheet: "Comparator Module", "Voltage Reference Module".
+#include "core/cells.h"
+#include "core/peripherals/peripherals.h"
 #include "core/registers.h"
+#include "core/schedule.h"
 
 namespace corvane::core {
 
@@ -35,27 +36,40 @@ void Compare(std::uint8_t& cmcon, int positive, int negative, int outputBit, int
     }
 }
 
-}  // namespace
-
-void VoltageReferenceUpdate(ProcessorState& state) {
-    const std::uint8_t vrcon = state.dataMemory[kVrcon];
-    const double tap = vrcon & 0x0F;
-    double volts = 0;  // hundredths
-    if (AnySet(vrcon, kVren)) {
-        volts = AnySet(vrcon, kVrr) ? tap * 500 / 24 : tap * 500 / 32 + 125;
-    }
-    state.vrefValue = static_cast<int>(std::nearbyint(volts));  // halves to even
-    state.analogPinFlags[kRa2Reference] = AnySet(vrcon, kVroe);
+// Parts of 5 V in hundredths of a volt, halves to the even number.
+constexpr int PartOfSupply(int part, int parts) {
+    const int quotient = part * 500 / parts;
+    const int remainder = part * 500 % parts;
+    const bool roundsUp = 2 * remainder > parts || (2 * remainder == parts && quotient % 2 != 0);
+    return quotient + (roundsUp ? 1 : 0);
 }
 
-void ComparatorPortConfig(ProcessorState& state) {
+int VoltageReference(std::uint8_t vrcon) {
+    if (!AnySet(vrcon, kVren)) {
+        return 0;
+    }
+    const int tap = vrcon & 0x0F;
+    return AnySet(vrcon, kVrr) ? PartOfSupply(tap, 24) : PartOfSupply(tap + 8, 32);
+}
+
+void SetAnalogPins(ProcessorState& state) {
     const std::uint8_t pins = kAnalogPins[state.dataMemory[kCmcon] & kModeBits];
     for (std::size_t channel = 0; channel < 4; ++channel) {
         state.analogPinFlags[channel] = ((pins >> channel) & 1) != 0;
     }
 }
 
-void ComparatorUpdate(ProcessorState& state) {
+// vrefValue, the reference on RA2, and which of RA0 to RA3 are analog.
+void Configure(Processor& processor) {
+    ProcessorState& state = processor.state;
+    const std::uint8_t vrcon = state.dataMemory[kVrcon];
+    state.vrefValue = VoltageReference(vrcon);
+    state.analogPinFlags[kRa2Reference] = AnySet(vrcon, kVroe);
+    SetAnalogPins(state);
+}
+
+// C1OUT and C2OUT from the inputs that the mode connects.
+void CompareInputs(ProcessorState& state) {
     std::uint8_t& cmcon = state.dataMemory[kCmcon];
     const auto& ra = state.analogValues;
     const bool isSwitched = AnySet(cmcon, kCis);
@@ -85,5 +99,35 @@ void ComparatorUpdate(ProcessorState& state) {
             break;
     }
 }
+
+bool IsPartOf(const models::FamilyTraits& traits) {
+    return traits.analogUnit == models::AnalogUnit::Comparators;
+}
+
+// CMCON and VRCON.
+void WriteControl(Processor& processor, std::size_t cell, int value) {
+    StoreMasked(processor, cell, value);
+    Configure(processor);
+    Tell(processor, News::PinUse);
+}
+
+void ClaimCells(CellTable& cells, const models::FamilyTraits& /*traits*/) {
+    cells.Claim(kCmcon, {.write = WriteControl, .asksForLook = true});
+    cells.Claim(kVrcon, {.write = WriteControl, .asksForLook = true});
+}
+
+void Advance(Processor& processor, std::int64_t /*elapsed*/) {
+    CompareInputs(processor.state);
+}
+
+}  // namespace
+
+const Peripheral kComparators = {
+    .isPartOf = IsPartOf,
+    .claimCells = ClaimCells,
+    .configure = Configure,
+    .advance = Advance,
+    .follows = MaskOf(News::Levels),
+};
 
 }  // namespace corvane::core

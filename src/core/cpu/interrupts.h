@@ -1,4 +1,5 @@
-// The interrupt test and entry. Data sheet: "Interrupts".
+// The interrupt logic: flag and enable bits, the interrupt pins of port B, the test and the entry.
+// Data sheet: "Interrupts".
 #pragma once
 
 #include "core/processor.h"

@@ -1,22 +1,19 @@
-// The digital I/O ports. Data sheet: "I/O Ports".
+// Storing into cells, and the levels that follow from those of ports. Data sheet: "I/O Ports".
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 
-#include "core/dispatch.h"
 #include "core/processor.h"
 #include "core/registers.h"
 
 namespace corvane::core {
 
-// Recomputes pinInputs, portValues and analogValues of every port of the model.
-void UpdatePortInputs(Processor& processor);
-
-// The same for the ports whose bits are set.
-void UpdatePorts(Processor& processor, Attention ports);
-
-// True for the ports (0 is port A) whose levels also decide analog values.
-bool HasAnalogInputs(models::ModelFamily family, std::size_t port);
+// Stores the bits that a write can change; nothing else happens.
+inline void StoreMasked(Processor& processor, std::size_t cell, int value) {
+    processor.state.dataMemory[cell] =
+        static_cast<std::uint8_t>(value & processor.description.writeMask[cell]);
+}
 
 // A pin that is an output forgets its input level; an output pin reads its latch, an input pin its
 // level. Pins that read low are analog inputs.
@@ -31,11 +28,6 @@ inline void UpdateLevels(ProcessorState& state, std::size_t port, std::uint8_t p
 // The same for a port without analog inputs.
 inline void UpdateDigitalPort(ProcessorState& state, std::size_t port) {
     UpdateLevels(state, port, 0);
-}
-
-// The attention bit of a port.
-constexpr Attention PortAttention(std::size_t port) {
-    return static_cast<Attention>(kPortAttention << port);
 }
 
 }  // namespace corvane::core

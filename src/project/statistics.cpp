@@ -1,11 +1,10 @@
-#include "core/simulation_control.h"
+#include "project/statistics.h"
 
 #include <cmath>
 
 #include "common/decimal_text.h"
-#include "core/timer0.h"
 
-namespace corvane::core {
+namespace corvane::project {
 
 namespace {
 
@@ -20,14 +19,7 @@ std::string WholeAndHundredths(Real x) {
 
 }  // namespace
 
-void StartSimulation(Processor& processor) {
-    Clean(processor);
-    processor.state.stopRequested = false;
-    InstructionCycle(processor);
-    CatchUpTimer(processor);
-}
-
-std::string StatisticsMessage(const ProcessorState& state, float startTime, float currentTime,
+std::string StatisticsMessage(const core::ProcessorState& state, float startTime, float currentTime,
                               float clockFrequency) {
     constexpr float kSecondsOfADay = 86400;
     const float start = currentTime < startTime ? startTime - kSecondsOfADay : startTime;
@@ -41,4 +33,4 @@ std::string StatisticsMessage(const ProcessorState& state, float startTime, floa
            common::DecimalText(clockFrequency) + " MHz.";
 }
 
-}  // namespace corvane::core
+}  // namespace corvane::project

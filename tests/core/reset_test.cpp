@@ -1,5 +1,5 @@
-// Start, the figures at the end, runs and breakpoints, names of pins.
-#include "core/simulation_control.h"
+// Start, runs and breakpoints, names of pins.
+#include "core/reset.h"
 
 #include <gtest/gtest.h>
 
@@ -30,7 +30,7 @@ TEST(StartSimulation, ResetsEverythingButTheProgram) {
     EXPECT_EQ(fresh.dataMemory[0x03], 0x18);
     EXPECT_EQ(fresh.dataMemory[0x81], 0xFF);
     EXPECT_EQ(fresh.dataMemory[0x85], 0x3F);
-    EXPECT_EQ(LastInstructionText(fresh), "");
+    EXPECT_EQ(fresh.lastInstruction, kNoInstruction);
 
     TogglePin(processor, {1, 4}, true);
     SetAnalogValue(processor, 0, 700);
@@ -62,11 +62,11 @@ TEST(StartSimulation, CountsOneCycleOnTimer0) {
 TEST(FillProgramMemory, ClearsTheRestAndDropsWhatIsTooMuch) {
     Processor processor = StartedProcessor("PIC16F83", {"SLEEP", "SLEEP", "SLEEP"});
     FillProgramMemory(processor, Words({"NOP"}));
-    EXPECT_EQ(processor.state.programMemory[0], 0);
-    EXPECT_EQ(processor.state.programMemory[1], 0);
+    EXPECT_EQ(processor.programMemory[0], 0);
+    EXPECT_EQ(processor.programMemory[1], 0);
     FillProgramMemory(processor, std::vector<std::uint16_t>(600, 0x0063));
-    EXPECT_EQ(processor.state.programMemory[511], 0x0063);
-    EXPECT_EQ(processor.state.programMemory[512], 0);
+    EXPECT_EQ(processor.programMemory[511], 0x0063);
+    EXPECT_EQ(processor.programMemory[512], 0);
 }
 
 TEST(Run, EndsAtStepsStopsAndBreakpoints) {
@@ -97,32 +97,6 @@ TEST(Run, EndsAtStepsStopsAndBreakpoints) {
     EXPECT_EQ(core::Run(past, 10000).steps, 512);
     EXPECT_EQ(past.state.pc, 512);
     EXPECT_TRUE(past.state.stopRequested);
-}
-
-TEST(StatisticsMessage, WritesNumbersAsIntegerAndHundredths) {
-    struct Case {
-        std::int64_t instructions, clocks;
-        float start, current, frequency;
-        std::string seconds, microseconds, megahertz;
-    };
-    const Case cases[] = {
-        {1000, 4004, 10.0F, 22.5F, 4.0F, "12.50", "1001.0", "4"},
-        {0, 4, 86399.0F, 2.0F, 20.0F, "3.0", "0.20", "20"},  // over midnight
-        // 11.4539... microseconds, 6.25 hundredths
-        {7, 41, 0.0F, 1.0625F, 3.579545F, "1.6", "11.45", "3.579545"},
-        {5000000000, 20000000000, 1.0F, 1.0F, 0.5F, "0.0", "40000000000.0", "0.5"},
-    };
-    for (const Case& c : cases) {
-        ProcessorState state;
-        state.instructionCount = c.instructions;
-        state.clockCycles = c.clocks;
-        EXPECT_EQ(StatisticsMessage(state, c.start, c.current, c.frequency),
-                  "Total number of executed instructions is " + std::to_string(c.instructions) +
-                      ".\r\n" + c.seconds + " seconds elapsed.\r\n" +
-                      "Real-time duration of the simulation is " + std::to_string(c.clocks) +
-                      " clock cycles or " + c.microseconds + " \u00B5s at " + c.megahertz +
-                      " MHz.");
-    }
 }
 
 TEST(FindPin, KnowsThePinsOfEachPackage) {

@@ -1,15 +1,15 @@
-#include "core/processor.h"
+#include "core/reset.h"
 
 #include <algorithm>
 #include <utility>
 
-#include "core/adc.h"
-#include "core/comparators.h"
-#include "core/data_memory.h"
-#include "core/instructions.h"
-#include "core/interrupts.h"
-#include "core/timer0.h"
-#include "disasm/decoder.h"
+#include "core/clock.h"
+#include "core/cpu/data_memory.h"
+#include "core/cpu/instructions.h"
+#include "core/cpu/interrupts.h"
+#include "core/peripherals/peripherals.h"
+#include "core/peripherals/ports.h"
+#include "core/schedule.h"
 
 namespace corvane::core {
 
@@ -28,27 +28,37 @@ void DecodeProgram(Processor& processor) {
         DecodedWord& decoded = processor.dispatch.code[pc];
         const std::uint8_t marks = decoded.stopMarks;
         decoded =
-            DecodeForExecution(processor.state.programMemory[pc % size], static_cast<int>(pc));
+            DecodeForExecution(processor, processor.programMemory[pc % size], static_cast<int>(pc));
         decoded.stopMarks = marks;
     }
 }
 
-// Nothing is known about what changed: the next step looks at everything.
-void DeriveFromRegisters(Processor& processor) {
+// What news and which literals the peripherals wait for.
+void DeriveInterests(Processor& processor) {
     Dispatch& dispatch = processor.dispatch;
-    DeriveDataMemoryAccess(processor);
-    dispatch.timerCountedUntil = processor.state.clockCycles;
-    ScheduleTimer(processor);
-    dispatch.analogConfigChanged = true;
-    RaiseAttention(dispatch, kAllAttention);
-    dispatch.interruptPending = InterruptPending(processor);
+    for (std::size_t index = 0; index < processor.peripherals.size(); ++index) {
+        const Peripheral& peripheral = *processor.peripherals[index];
+        for (const News news : {News::PinUse, News::Levels}) {
+            if ((peripheral.follows & MaskOf(news)) != 0) {
+                dispatch.followers[static_cast<std::size_t>(news)] |= MaskOf(index);
+            }
+        }
+        dispatch.literalWatchers |= peripheral.watchesLiteral != nullptr ? MaskOf(index) : 0;
+    }
 }
 
 }  // namespace
 
 Processor MakeProcessor(const models::Model& model, models::ModelDescription description) {
-    Processor processor{
-        .model = &model, .description = std::move(description), .state = {}, .dispatch = {}};
+    const models::FamilyTraits& traits = models::TraitsOf(model.family);
+    Processor processor{.model = &model,
+                        .traits = &traits,
+                        .description = std::move(description),
+                        .peripherals = PeripheralsOf(traits),
+                        .state = {},
+                        .dispatch = {}};
+    DeriveCellAccess(processor);
+    DeriveInterests(processor);
     DecodeProgram(processor);
     MarkMemoryEnd(processor);
     Clean(processor);
@@ -56,27 +66,27 @@ Processor MakeProcessor(const models::Model& model, models::ModelDescription des
 }
 
 void Clean(Processor& processor) {
-    const ProcessorState& old = processor.state;
     ProcessorState fresh;
-    fresh.programMemory = old.programMemory;
-    fresh.stopRequested = old.stopRequested;
+    fresh.stopRequested = processor.state.stopRequested;
     for (const models::Sfr& sfr : processor.description.sfrList) {
         if (sfr.address < models::kPrescalerAddress) {
             fresh.dataMemory[static_cast<std::size_t>(sfr.address)] =
                 static_cast<std::uint8_t>(sfr.resetValue);
         }
     }
-    if (models::IsPic16F87x(processor.model->family)) {
-        AdcPortConfig(fresh);
-    } else if (processor.model->family == models::ModelFamily::Pic16F62x) {
-        ComparatorPortConfig(fresh);
-    }
     processor.state = fresh;
-    DeriveFromRegisters(processor);
+    StateChanged(processor);
+}
+
+void StartSimulation(Processor& processor) {
+    Clean(processor);
+    processor.state.stopRequested = false;
+    InstructionCycle(processor);
+    CatchUpAll(processor);
 }
 
 void FillProgramMemory(Processor& processor, std::span<const std::uint16_t> words) {
-    auto& memory = processor.state.programMemory;
+    auto& memory = processor.programMemory;
     const auto size = static_cast<std::size_t>(processor.model->programWords);
     memory.fill(0);
     std::copy_n(words.begin(), std::min(words.size(), size), memory.begin());
@@ -93,19 +103,15 @@ void SetBreakpoints(Processor& processor, std::span<const int> addresses) {
 }
 
 void StateChanged(Processor& processor) {
-    DecodeProgram(processor);
-    DeriveFromRegisters(processor);
-}
-
-std::string LastInstructionText(const ProcessorState& state) {
-    switch (state.lastInstruction) {
-        case kNoInstruction:
-            return "";
-        case kInterruptEntry:
-            return "INTERRUPT!";
-        default:
-            return disasm::DecodeInstruction(state.lastInstruction);
+    SelectBank(processor);
+    for (const Peripheral* peripheral : processor.peripherals) {
+        if (peripheral->configure != nullptr) {
+            peripheral->configure(processor);
+        }
     }
+    UpdateAllPorts(processor);
+    RescheduleAll(processor);
+    processor.dispatch.interruptPending = InterruptPending(processor);
 }
 
 }  // namespace corvane::core

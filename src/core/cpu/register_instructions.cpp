@@ -1,9 +1,9 @@
-#include "core/register_instructions.h"
+#include "core/cpu/register_instructions.h"
 
-#include "core/data_memory.h"
-#include "core/flags.h"
-#include "core/ports.h"
-#include "core/timer0.h"
+#include "core/cells.h"
+#include "core/clock.h"
+#include "core/cpu/data_memory.h"
+#include "core/cpu/flags.h"
 
 namespace corvane::core {
 
@@ -19,10 +19,7 @@ struct PlainRegister {
     std::size_t cell;
 
     int Read() const { return processor.state.dataMemory[cell]; }
-    void Write(int value, FlagBits /*flagBits*/) const {
-        processor.state.dataMemory[cell] =
-            static_cast<std::uint8_t>(value & processor.description.writeMask[cell]);
-    }
+    void Write(int value, FlagBits /*flagBits*/) const { StoreMasked(processor, cell, value); }
 };
 
 // PORTB, PORTC and the like: what programs use most besides plain registers.
@@ -48,13 +45,13 @@ struct AnyRegister {
     }
 };
 
-// An instruction is a struct with kFirstKind, the first kind of cell that is not plain for it, and
-// a function template Execute(processor, register, decoded). The cases are functions of their own
+// An instruction is a struct with kEffects, the effects of a cell that is not plain for it, and a
+// function template Execute(processor, register, decoded). The cases are functions of their own
 // so that the plain one needs no stack frame.
 template <typename Instruction>
 [[gnu::noinline]] void ExecuteOnAnyCell(Processor& processor, const DecodedWord& decoded,
                                         std::size_t cell) {
-    if (processor.dispatch.cellKinds[cell] == CellKind::DigitalPort) {
+    if ((processor.dispatch.cells.EffectsOf(cell) & kDigitalPortEffect) != 0) {
         Instruction::Execute(processor, DigitalPortRegister{processor, cell}, decoded);
     } else {
         Instruction::Execute(processor, AnyRegister{processor, cell}, decoded);
@@ -64,7 +61,7 @@ template <typename Instruction>
 template <typename Instruction>
 [[gnu::noinline]] void ExecuteIndirectly(Processor& processor, const DecodedWord& decoded) {
     const std::size_t cell = IndirectCell(processor);
-    if (processor.dispatch.cellKinds[cell] >= Instruction::kFirstKind) {
+    if ((processor.dispatch.cells.EffectsOf(cell) & Instruction::kEffects) != 0) {
         ExecuteOnAnyCell<Instruction>(processor, decoded, cell);
     } else {
         Instruction::Execute(processor, PlainRegister{processor, cell}, decoded);
@@ -74,7 +71,7 @@ template <typename Instruction>
 template <typename Instruction>
 void ExecuteOnRegister(Processor& processor, const DecodedWord& decoded) {
     const std::size_t cell = ResolveAddress(processor, decoded.operand);
-    if (processor.dispatch.cellKinds[cell] < Instruction::kFirstKind) {
+    if ((processor.dispatch.cells.EffectsOf(cell) & Instruction::kEffects) == 0) {
         Instruction::Execute(processor, PlainRegister{processor, cell}, decoded);
     } else if (cell == kIndirectCell) {
         ExecuteIndirectly<Instruction>(processor, decoded);
@@ -85,8 +82,8 @@ void ExecuteOnRegister(Processor& processor, const DecodedWord& decoded) {
 
 template <Destination destination>
 struct WithDestination {
-    static constexpr CellKind kFirstKind =
-        destination == Destination::Register ? kFirstKindWithWrite : kFirstKindWithRead;
+    static constexpr CellEffect kEffects =
+        destination == Destination::Register ? kWriteEffect : kReadEffect;
 
     template <typename Register>
     static void Store(Processor& processor, Register reg, int result, FlagBits flagBits) {
@@ -188,7 +185,7 @@ struct Rotate : WithDestination<destination> {
 };
 
 struct Movwf {
-    static constexpr CellKind kFirstKind = kFirstKindWithWrite;
+    static constexpr CellEffect kEffects = kWriteEffect;
 
     template <typename Register>
     static void Execute(Processor& processor, Register reg, const DecodedWord& /*decoded*/) {
@@ -197,7 +194,7 @@ struct Movwf {
 };
 
 struct Clrf {
-    static constexpr CellKind kFirstKind = kFirstKindWithWrite;
+    static constexpr CellEffect kEffects = kWriteEffect;
 
     template <typename Register>
     static void Execute(Processor& processor, Register reg, const DecodedWord& /*decoded*/) {
@@ -209,7 +206,7 @@ struct Clrf {
 // BCF, BSF.
 template <bool value>
 struct WriteBit {
-    static constexpr CellKind kFirstKind = kFirstKindWithWrite;
+    static constexpr CellEffect kEffects = kWriteEffect;
 
     template <typename Register>
     static void Execute(Processor& /*processor*/, Register reg, const DecodedWord& decoded) {
@@ -221,7 +218,7 @@ struct WriteBit {
 // BTFSC, BTFSS.
 template <bool skippedValue>
 struct TestBit {
-    static constexpr CellKind kFirstKind = kFirstKindWithRead;
+    static constexpr CellEffect kEffects = kReadEffect;
 
     template <typename Register>
     static void Execute(Processor& processor, Register reg, const DecodedWord& decoded) {

@@ -27,7 +27,7 @@ inline std::size_t IndirectCell(const Processor& processor) {
     return processor.description.addressMap[static_cast<std::size_t>(address)];
 }
 
-// Reads and writes a cell of any kind but DigitalPort and Indirect. Values are 0..255.
+// Reads and writes a cell of any kind but INDF and a digital port. Values are 0..255.
 int ReadRegister(Processor& processor, std::size_t cell);
 void WriteRegister(Processor& processor, std::size_t cell, int value, FlagBits flagBits);
 
@@ -36,13 +36,10 @@ inline void IncrementPc(ProcessorState& state) {
     state.pc = (state.pc + 1) & kProgramCounterMask;
 }
 
-// Ends the slice with this step, and says what must be looked at.
-inline void RaiseAttention(Dispatch& dispatch, Attention attention) {
-    dispatch.attention = static_cast<Attention>(dispatch.attention | attention);
-    dispatch.sliceEnd = 0;
-}
+// Works out which cell each address means, and lets the peripherals claim theirs. Needed once.
+void DeriveCellAccess(Processor& processor);
 
-// Fills resolvedCells, cellKinds and bankOffset from the model, its description and STATUS.
-void DeriveDataMemoryAccess(Processor& processor);
+// Takes the bank that STATUS selects.
+void SelectBank(Processor& processor);
 
 }  // namespace corvane::core

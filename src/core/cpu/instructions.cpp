@@ -1,11 +1,11 @@
-#include "core/instructions.h"
+#include "core/cpu/instructions.h"
 
-#include "core/data_memory.h"
-#include "core/eeprom.h"
-#include "core/flags.h"
-#include "core/register_instructions.h"
-#include "core/stack.h"
-#include "core/timer0.h"
+#include <algorithm>
+
+#include "core/clock.h"
+#include "core/cpu/flags.h"
+#include "core/cpu/register_instructions.h"
+#include "core/cpu/stack.h"
 #include "isa/instruction_set.h"
 
 namespace corvane::core {
@@ -25,9 +25,11 @@ void Movlw(Processor& processor, const DecodedWord& decoded) {
     processor.state.w = decoded.operand;
 }
 
-void MovlwBeginningUnlock(Processor& processor, const DecodedWord& decoded) {
+// A peripheral waits for this literal.
+void MovlwWatched(Processor& processor, const DecodedWord& decoded) {
     processor.state.w = decoded.operand;
-    RaiseAttention(processor.dispatch, kEepromAttention);
+    processor.dispatch.attention |= processor.dispatch.literalWatchers;
+    EndSlice(processor.dispatch);
 }
 
 template <Compute compute>
@@ -76,7 +78,7 @@ void Retlw(Processor& processor, const DecodedWord& decoded) {
 void Retfie(Processor& processor, const DecodedWord& decoded) {
     Return(processor, decoded);
     SetBits(processor.state.dataMemory[kIntcon], intcon::kGie);
-    RaiseAttention(processor.dispatch, kInterruptAttention);
+    EndSlice(processor.dispatch);
 }
 
 void Nop(Processor& /*processor*/, const DecodedWord& /*decoded*/) {}
@@ -94,7 +96,7 @@ void StopHere(Processor& processor, const DecodedWord& decoded) {
     ProcessorState& state = processor.state;
     state.pc = (decoded.nextPc - 1) & kProgramCounterMask;
     state.stopRequested = true;
-    RaiseAttention(processor.dispatch, 0);
+    EndSlice(processor.dispatch);
 }
 
 void Sleep(Processor& processor, const DecodedWord& decoded) {
@@ -104,7 +106,13 @@ void Sleep(Processor& processor, const DecodedWord& decoded) {
 
 // ---- the table ---------------------------------------------------------------------------------
 
-ExecuteFunction FunctionOf(Operation operation, int word) {
+bool IsWatched(const Processor& processor, int literal) {
+    return std::ranges::any_of(processor.peripherals, [literal](const Peripheral* peripheral) {
+        return peripheral->watchesLiteral != nullptr && peripheral->watchesLiteral(literal);
+    });
+}
+
+ExecuteFunction FunctionOf(const Processor& processor, Operation operation, int word) {
     switch (operation) {
         case Operation::Nop:
             return Nop;
@@ -123,7 +131,7 @@ ExecuteFunction FunctionOf(Operation operation, int word) {
         case Operation::Goto:
             return Goto;
         case Operation::Movlw:
-            return BeginsUnlock(word) ? MovlwBeginningUnlock : Movlw;
+            return IsWatched(processor, isa::Literal8Field(word)) ? MovlwWatched : Movlw;
         case Operation::Retlw:
             return Retlw;
         case Operation::Iorlw:
@@ -145,26 +153,17 @@ ExecuteFunction FunctionOf(Operation operation, int word) {
 
 }  // namespace
 
-DecodedWord DecodeForExecution(int word, int address) {
+DecodedWord DecodeForExecution(const Processor& processor, int word, int address) {
     const Operation operation = isa::Classify(word);
     const bool hasLiteral = operation != Operation::Unrecognized &&
                             isa::InstructionOf(operation).form == isa::OperandForm::Literal8;
     const int operand = hasLiteral ? isa::Literal8Field(word) : isa::RegisterField(word);
-    return {.execute = FunctionOf(operation, word),
+    return {.execute = FunctionOf(processor, operation, word),
             .word = static_cast<std::uint16_t>(word),
             .nextPc = static_cast<std::uint16_t>((address + 1) & kProgramCounterMask),
             .operand = static_cast<std::uint8_t>(operand),
             .bitMask = static_cast<std::uint8_t>(1 << isa::BitField(word)),
             .stopMarks = 0};
-}
-
-bool ReadsRegister(int word) {
-    const Operation operation = isa::Classify(word);
-    if (operation == Operation::Unrecognized) {
-        return false;
-    }
-    const isa::OperandForm form = isa::InstructionOf(operation).form;
-    return form == isa::OperandForm::RegisterDestination || form == isa::OperandForm::RegisterBit;
 }
 
 }  // namespace corvane::core

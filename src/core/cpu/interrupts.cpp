@@ -1,0 +1,51 @@
+#include "core/cpu/interrupts.h"
+
+#include <algorithm>
+
+#include "core/clock.h"
+#include "core/cpu/stack.h"
+#include "core/registers.h"
+
+namespace corvane::core {
+
+namespace {
+
+constexpr int kInterruptVector = 0x0004;
+
+bool IsAsking(const ProcessorState& state, const models::InterruptSource& source) {
+    if (source.mask == 0) {
+        return false;
+    }
+    const int flags = state.dataMemory[static_cast<std::size_t>(source.flags)] & source.mask;
+    return source.enables == models::kNoRegister
+               ? flags != 0
+               : (flags & state.dataMemory[static_cast<std::size_t>(source.enables)]) != 0;
+}
+
+}  // namespace
+
+bool InterruptPending(const Processor& processor) {
+    const ProcessorState& state = processor.state;
+    const std::uint8_t intcon = state.dataMemory[kIntcon];
+    if (!AnySet(intcon, intcon::kGie)) {
+        return false;
+    }
+    // RBIF, INTF and T0IF stand three bits below their enable bits.
+    if ((intcon & (intcon >> 3) & intcon::kCoreFlags) != 0) {
+        return true;
+    }
+    return AnySet(intcon, intcon::kPeie) &&
+           std::ranges::any_of(processor.traits->interruptSources,
+                               [&state](const auto& source) { return IsAsking(state, source); });
+}
+
+void EnterInterrupt(Processor& processor) {
+    ProcessorState& state = processor.state;
+    state.lastInstruction = kInterruptEntry;
+    ClearBits(state.dataMemory[kIntcon], intcon::kGie);
+    Push(state, state.pc);
+    state.pc = kInterruptVector;
+    InstructionCycle(processor);
+}
+
+}  // namespace corvane::core
