@@ -1,7 +1,6 @@
 #include "bench_programs.h"
 
 #include <iostream>
-#include <vector>
 
 #include "asm/assembler.h"
 #include "common/text_file.h"
@@ -14,21 +13,6 @@ namespace {
 
 std::string SourceFolder() {
     return CORVANE_SOURCE_DIR;
-}
-
-std::optional<std::vector<std::uint16_t>> WordsOf(const assembler::Assembly& assembly) {
-    std::vector<std::uint16_t> words(static_cast<std::size_t>(assembly.highestAddress + 1));
-    for (const assembler::AsmLine& line : assembly.lines) {
-        if (line.hasError) {
-            std::cerr << line.source << ": " << line.errorMessage << '\n';
-            return std::nullopt;
-        }
-        if (line.opcode) {
-            words[static_cast<std::size_t>(line.address)] =
-                static_cast<std::uint16_t>(*line.opcode);
-        }
-    }
-    return words;
 }
 
 }  // namespace
@@ -50,13 +34,14 @@ std::optional<core::Processor> StartBenchProgram(const BenchProgram& program) {
         return std::nullopt;
     }
     const auto symbols = models::ReadSymbolLines(description->asmSymbolLines).symbols;
-    const auto words =
-        WordsOf(assembler::Assemble(*source, symbols, model.defaultConfigurationWord));
-    if (!words) {
+    const assembler::Assembly assembly =
+        assembler::Assemble(*source, symbols, model.defaultConfigurationWord);
+    if (assembly.errorCount != 0) {
+        std::cerr << assembly.listing;
         return std::nullopt;
     }
     core::Processor processor = core::MakeProcessor(model, std::move(*description));
-    core::FillProgramMemory(processor, *words);
+    core::FillProgramMemory(processor, assembly.words);
     core::StartSimulation(processor);
     return processor;
 }

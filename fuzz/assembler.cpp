@@ -28,7 +28,8 @@ void CheckLines(const Assembly& assembly) {
             highestAddress = std::max(highestAddress, line.address);
         }
     }
-    Require(assembly.highestAddress == highestAddress);
+    Require(assembly.words.size() <= static_cast<std::size_t>(highestAddress + 1));
+    Require(assembly.words.empty() || assembly.words.back() != 0);
 }
 
 void CheckTexts(const Assembly& assembly) {

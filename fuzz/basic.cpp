@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +11,7 @@
 #include "basic/compiler.h"
 #include "basic/editor_form.h"
 #include "common/text.h"
+#include "require.h"
 
 namespace {
 
@@ -19,12 +19,6 @@ using corvane::basic::Compilation;
 using corvane::basic::EditorKeyword;
 using corvane::common::Diagnostic;
 using corvane::models::ModelDescription;
-
-void Require(bool holds) {
-    if (!holds) {
-        std::abort();
-    }
-}
 
 // Little RAM in every bank, so that short programs reach all of it.
 ModelDescription SmallChip() {
@@ -60,6 +54,7 @@ void CheckAssembles(const Compilation& compilation) {
     const auto assembly = corvane::assembler::Assemble(compilation.assembler, kSymbols, 0x3FFF);
     Require(assembly.errorCount == 0);
     Require(compilation.assembler.ends_with("; End of listing\r\n        END\r\n"));
+    Require(compilation.sourceLines.size() == assembly.lines.size());
 }
 
 void CheckLineNumber(const Diagnostic& message, std::string_view text, int extraLines) {

@@ -3,37 +3,15 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "common/number_text.h"
+#include "asm/listing.h"
 #include "common/text.h"
+#include "disasm/listing.h"
 
 namespace corvane::app {
 
 namespace {
 
 constexpr std::string_view kFourBlanks = "    ";
-constexpr std::size_t kLineNumberWidth = 8;  // an assembler listing's line number and its gap
-constexpr std::size_t kOpcodeColumn = 8;
-constexpr std::size_t kFirstNumberWidth = 4;
-
-// The four digits that begin at this column, if they are there.
-std::optional<int> NumberAt(std::string_view line, std::size_t column) {
-    const int number =
-        column < line.size() ? common::ParseHex4(line.substr(column, kFirstNumberWidth)) : -1;
-    return number < 0 ? std::nullopt : std::optional(number);
-}
-
-// A line of an assembler listing, without its line number, and without an address when the line
-// generates no word.
-std::string ProgramLine(std::string_view line) {
-    if (line.substr(std::min(line.size(), kFirstNumberWidth)).starts_with(kFourBlanks)) {
-        line.remove_prefix(kLineNumberWidth);
-    }
-    std::string result(line);
-    if (NumberAt(line, 0) && !NumberAt(line, kOpcodeColumn)) {
-        result.replace(0, kFirstNumberWidth, kFourBlanks);
-    }
-    return result;
-}
 
 // Each tab as four blanks, cut or padded to the listing's width.
 std::string Row(std::string_view line) {
@@ -51,7 +29,7 @@ std::string Row(std::string_view line) {
 }
 
 void AppendLine(Listing& listing, std::string_view line) {
-    listing.push_back({Row(line), NumberAt(line, 0)});
+    listing.push_back({Row(line), disasm::ListedAddress(line)});
 }
 
 // The text's first line is line 1 of the scroll bar.
@@ -63,13 +41,13 @@ std::size_t IndexOf(int scrollValue, int row) {
 
 Listing ListingOfFile(std::string_view text) {
     const std::vector<std::string_view> lines = common::SplitLines(text);
-    if (lines.size() > 1 && lines[1] == "PIC DISASSEMBLER LISTING") {
+    if (lines.size() > 1 && lines[1] == disasm::kTitle) {
         return ListingOfDisassembly(text);
     }
     Listing listing;
     listing.reserve(lines.size());
     for (const std::string_view line : lines) {
-        AppendLine(listing, ProgramLine(line));
+        AppendLine(listing, assembler::ProgramLine(line));
     }
     return listing;
 }

@@ -19,7 +19,7 @@ namespace corvane::app {
 
 struct AssemblyRun {
     assembler::Assembly assembly;
-    std::vector<assembler::Warning> warnings;
+    std::vector<common::Diagnostic> warnings;
 };
 
 // Assembles the text for the selected model and writes the listing and the HEX file beside the

@@ -1,6 +1,8 @@
 #include "asm/assembler.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <utility>
 
 #include "asm/code_generation.h"
 #include "asm/hex_writer.h"
@@ -10,6 +12,25 @@
 #include "common/number_text.h"
 
 namespace corvane::assembler {
+
+namespace {
+
+std::vector<std::uint16_t> WordsOf(const std::vector<AsmLine>& lines) {
+    std::vector<std::uint16_t> words;
+    for (const AsmLine& line : lines) {
+        if (line.opcode) {
+            const auto address = static_cast<std::size_t>(line.address);
+            words.resize(std::max(words.size(), address + 1));
+            words[address] = static_cast<std::uint16_t>(*line.opcode);
+        }
+    }
+    while (!words.empty() && words.back() == 0) {
+        words.pop_back();
+    }
+    return words;
+}
+
+}  // namespace
 
 Assembly Assemble(std::string_view source,
                   const std::vector<models::PredefinedSymbol>& predefinedSymbols,
@@ -31,25 +52,29 @@ Assembly Assemble(std::string_view source,
     ResolveOperands(assembly, symbols, progress);
     EncodeLines(assembly, progress);
 
+    assembly.words = WordsOf(assembly.lines);
+
     showStatus("Writing LST file.");
     assembly.listing = ListingText(assembly);
     showStatus("Writing HEX file.");
-    assembly.hex = IntelHexText(assembly.lines, configurationWord);
+    assembly.hex = IntelHexText(assembly.words, configurationWord);
     return assembly;
 }
 
-std::vector<Warning> WarningsFor(const Assembly& assembly, std::string_view modelName,
-                                 int programWords) {
+std::vector<common::Diagnostic> WarningsFor(const Assembly& assembly, std::string_view modelName,
+                                            int programWords) {
     const auto line = std::find_if(
         assembly.lines.begin(), assembly.lines.end(),
         [&](const AsmLine& l) { return l.opcode.has_value() && l.address >= programWords; });
     if (line == assembly.lines.end()) {
         return {};
     }
-    const std::string message = "The program does not fit the " + std::string(modelName) +
-                                ": address " + common::Hex4(line->address) + "h lies beyond its " +
-                                std::to_string(programWords) + " program words.";
-    return {{static_cast<int>(line - assembly.lines.begin()) + 1, message}};
+    std::string text = "The program does not fit the " + std::string(modelName) + ": address " +
+                       common::Hex4(line->address) + "h lies beyond its " +
+                       std::to_string(programWords) + " program words.";
+    return {{.line = static_cast<int>(line - assembly.lines.begin()) + 1,
+             .severity = common::Severity::Warning,
+             .text = std::move(text)}};
 }
 
 }  // namespace corvane::assembler

@@ -1,11 +1,13 @@
 // The assembler: source text in, listing and Intel HEX text out.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "common/diagnostic.h"
 #include "common/progress.h"
 #include "models/symbol_lines.h"
 
@@ -31,7 +33,9 @@ struct Assembly {
     int errorCount = 0;          // every failed check counts; a line may fail several
     std::string listing;         // CR LF line ends
     std::string hex;             // CR LF line ends
-    int highestAddress = -1;     // highest address of a generated word, -1 for none
+    // The program from address 0 to its last word that is not 0. Of lines with the same address the
+    // last one counts.
+    std::vector<std::uint16_t> words;
 };
 
 // Never fails: errors stand in the lines, in the listing and in errorCount.
@@ -39,13 +43,8 @@ Assembly Assemble(std::string_view source,
                   const std::vector<models::PredefinedSymbol>& predefinedSymbols,
                   int configurationWord, const common::ProgressCallback& progress = {});
 
-struct Warning {
-    int lineNumber;  // from 1
-    std::string message;
-};
-
 // The first line whose word lies beyond the model's program memory, if there is one.
-std::vector<Warning> WarningsFor(const Assembly& assembly, std::string_view modelName,
-                                 int programWords);
+std::vector<common::Diagnostic> WarningsFor(const Assembly& assembly, std::string_view modelName,
+                                            int programWords);
 
 }  // namespace corvane::assembler

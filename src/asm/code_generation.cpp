@@ -188,7 +188,6 @@ void EncodeLines(Assembly& assembly, const common::ProgressCallback& progress) {
         const std::optional<int> word = Encode(OperandChecks(assembly, line), line);
         if (word && !line.hasError) {
             line.opcode = word;
-            assembly.highestAddress = std::max(assembly.highestAddress, line.address);
         }
     });
 }

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
-#include <span>
 #include <string_view>
 
 #include "common/number_text.h"
@@ -16,21 +14,6 @@ constexpr std::size_t kWordsPerRecord = 8;
 constexpr std::size_t kBytesPerWord = 2;
 constexpr std::size_t kConfigurationAddress = 0x2007;
 constexpr std::string_view kEndRecord = ":00000001FF\r\n";
-
-std::vector<std::uint16_t> ProgramImage(const std::vector<AsmLine>& lines) {
-    std::vector<std::uint16_t> image;
-    for (const AsmLine& line : lines) {
-        if (line.opcode) {
-            const auto address = static_cast<std::size_t>(line.address);
-            image.resize(std::max(image.size(), address + 1));
-            image[address] = static_cast<std::uint16_t>(*line.opcode);
-        }
-    }
-    while (!image.empty() && image.back() == 0) {
-        image.pop_back();
-    }
-    return image;
-}
 
 void AppendRecord(std::string& text, std::size_t address, std::span<const std::uint16_t> words) {
     std::string pairs = common::Hex2(static_cast<std::int64_t>(words.size() * kBytesPerWord)) +
@@ -47,9 +30,7 @@ void AppendRecord(std::string& text, std::size_t address, std::span<const std::u
 
 }  // namespace
 
-std::string IntelHexText(const std::vector<AsmLine>& lines, int configurationWord) {
-    const std::vector<std::uint16_t> image = ProgramImage(lines);
-    const std::span<const std::uint16_t> words = image;
+std::string IntelHexText(std::span<const std::uint16_t> words, int configurationWord) {
     std::string text;
     for (std::size_t address = 0; address < words.size(); address += kWordsPerRecord) {
         const std::size_t count = std::min(kWordsPerRecord, words.size() - address);

@@ -1,10 +1,12 @@
 #include "asm/line_coloring.h"
 
-#include <array>
+#include <algorithm>
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <tuple>
 
+#include "asm/statement.h"
 #include "common/text.h"
 #include "isa/instruction_set.h"
 
@@ -12,18 +14,25 @@ namespace corvane::assembler {
 
 namespace {
 
-using isa::Operation;
-
-constexpr std::array<Operation, isa::kInstructionCount> kInstructionOrder = {
-    Operation::Addwf,  Operation::Andwf,  Operation::Clrf,  Operation::Clrw,   Operation::Comf,
-    Operation::Decf,   Operation::Decfsz, Operation::Incf,  Operation::Incfsz, Operation::Iorwf,
-    Operation::Movf,   Operation::Movwf,  Operation::Nop,   Operation::Rlf,    Operation::Rrf,
-    Operation::Subwf,  Operation::Swapf,  Operation::Xorwf, Operation::Bcf,    Operation::Bsf,
-    Operation::Btfsc,  Operation::Btfss,  Operation::Addlw, Operation::Andlw,  Operation::Call,
-    Operation::Clrwdt, Operation::Goto,   Operation::Iorlw, Operation::Movlw,  Operation::Retfie,
-    Operation::Retlw,  Operation::Return, Operation::Sleep, Operation::Sublw,  Operation::Xorlw,
-};
-constexpr std::array<std::string_view, 4> kDirectives = {"ORG", "EQU", "DW", "END"};
+// The instructions by group, those of a group by their names, then the directives.
+std::vector<std::string_view> Keywords() {
+    std::vector<const isa::Instruction*> instructions;
+    for (const isa::Instruction& row : isa::kInstructions) {
+        instructions.push_back(&row);
+    }
+    std::sort(instructions.begin(), instructions.end(),
+              [](const isa::Instruction* a, const isa::Instruction* b) {
+                  return std::tie(a->group, a->mnemonic) < std::tie(b->group, b->mnemonic);
+              });
+    std::vector<std::string_view> keywords;
+    for (const isa::Instruction* row : instructions) {
+        keywords.push_back(row->mnemonic);
+    }
+    for (const Directive& directive : kDirectives) {
+        keywords.push_back(directive.name);
+    }
+    return keywords;
+}
 
 // Where the word stands between blanks or tabs, in a text that begins and ends with a blank.
 std::optional<std::size_t> FindWord(const std::string& text, std::string_view word) {
@@ -43,22 +52,11 @@ std::optional<std::size_t> FindWord(const std::string& text, std::string_view wo
 
 std::optional<ColoredSpan> FindKeyword(std::string_view line) {
     const std::string text = " " + common::ToUpper(common::TrimRight(line)) + " ";
-    const auto find = [&text](std::string_view keyword) -> std::optional<ColoredSpan> {
-        const std::optional<std::size_t> found = FindWord(text, keyword);
-        if (!found) {
-            return std::nullopt;
-        }
-        return ColoredSpan{static_cast<int>(*found) - 1, static_cast<int>(keyword.size()),
-                           TextColor::Keyword};
-    };
-    for (const Operation operation : kInstructionOrder) {
-        if (const auto span = find(isa::InstructionOf(operation).mnemonic)) {
-            return span;
-        }
-    }
-    for (const std::string_view directive : kDirectives) {
-        if (const auto span = find(directive)) {
-            return span;
+    static const std::vector<std::string_view> kKeywords = Keywords();
+    for (const std::string_view keyword : kKeywords) {
+        if (const std::optional<std::size_t> found = FindWord(text, keyword)) {
+            return ColoredSpan{static_cast<int>(*found) - 1, static_cast<int>(keyword.size()),
+                               TextColor::Keyword};
         }
     }
     return std::nullopt;

@@ -1,7 +1,7 @@
 #include "asm/listing.h"
 
+#include <algorithm>
 #include <cstddef>
-#include <string_view>
 
 #include "common/number_text.h"
 #include "common/text.h"
@@ -13,13 +13,13 @@ namespace {
 constexpr std::string_view kRule = "---------------------------------------------\r\n";
 constexpr int kHeadingLines = 4;
 constexpr std::string_view kGap = "    ";
-constexpr std::size_t kNumberWidth = 4;
+constexpr std::size_t kDigits = 4;  // of a number, an address and a word
 constexpr std::size_t kMessageWidth = 60;
 
 // The last four decimal digits, with leading zeros.
 std::string LineNumberText(std::size_t lineNumber) {
     const std::string digits = "000" + std::to_string(lineNumber);
-    return digits.substr(digits.size() - kNumberWidth);
+    return digits.substr(digits.size() - kDigits);
 }
 
 void AppendLine(std::string& text, const std::string& number, const AsmLine& line) {
@@ -59,6 +59,19 @@ std::string ListingText(const Assembly& assembly) {
     text += kRule;
     text += "Number of errors = " + std::to_string(assembly.errorCount) + "\r\n";
     return text;
+}
+
+std::string ProgramLine(std::string_view listingLine) {
+    if (listingLine.substr(std::min(listingLine.size(), kDigits)).starts_with(kGap)) {
+        listingLine.remove_prefix(kDigits + kGap.size());
+    }
+    std::string line(listingLine);
+    const bool hasAddress = common::ParseHex4(line.substr(0, kDigits)) >= 0;
+    const std::size_t wordColumn = std::min(line.size(), kDigits + kGap.size());
+    if (hasAddress && common::ParseHex4(line.substr(wordColumn, kDigits)) < 0) {
+        line.replace(0, kDigits, kGap);
+    }
+    return line;
 }
 
 std::vector<ListedError> ErrorsInListing(const Assembly& assembly) {

@@ -13,9 +13,9 @@ assembler::Assembly AssembleText(const std::string& file, std::string_view text,
     assembler::Assembly assembly = assembler::Assemble(
         text, models::ReadSymbolLines(modelFile.description.asmSymbolLines).symbols,
         configurationWord);
-    for (const assembler::Warning& warning :
+    for (const common::Diagnostic& warning :
          assembler::WarningsFor(assembly, modelFile.model->name, modelFile.model->programWords)) {
-        ReportWarning(file, warning.lineNumber, warning.message);
+        ReportWarning(file, warning.line, warning.text);
     }
     return assembly;
 }

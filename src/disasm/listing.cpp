@@ -1,7 +1,6 @@
 #include "disasm/listing.h"
 
 #include <cstddef>
-#include <string_view>
 
 #include "common/number_text.h"
 #include "disasm/decoder.h"
@@ -10,27 +9,29 @@ namespace corvane::disasm {
 
 namespace {
 
-constexpr std::string_view kHeadingWithOpcodes =
-    "-----------------------------------\r\n"
-    "PIC DISASSEMBLER LISTING\r\n"
-    "Address Opcode  Instruction\r\n"
-    "-----------------------------------\r\n";
-
-constexpr std::string_view kHeadingWithoutOpcodes =
-    ";-----------------------------------\r\n"
-    ";PIC DISASSEMBLER LISTING\r\n"
-    ";Instruction\r\n"
-    ";-----------------------------------\r\n";
-
 constexpr std::size_t kTypicalLineLength = 40;
 
+// Without opcodes the listing is assembler source, and its heading a comment.
+std::string Heading(bool withOpcodes) {
+    const std::string begin = withOpcodes ? "" : ";";
+    const std::string rule = begin + std::string(35, '-') + "\r\n";
+    return rule + begin + std::string(kTitle) + "\r\n" + begin +
+           (withOpcodes ? "Address Opcode  " : "") + "Instruction\r\n" + rule;
+}
+
 }  // namespace
+
+std::optional<int> ListedAddress(std::string_view line) {
+    constexpr std::size_t kDigits = 4;
+    const int address = common::ParseHex4(line.substr(0, kDigits));
+    return address < 0 ? std::nullopt : std::optional(address);
+}
 
 std::string DisassembleProgram(std::span<const std::uint16_t> words, ListingFormat format,
                                const common::ProgressCallback& progress) {
     constexpr std::string_view kGap = "    ";
     const bool withOpcodes = format == ListingFormat::WithOpcodes;
-    std::string listing(withOpcodes ? kHeadingWithOpcodes : kHeadingWithoutOpcodes);
+    std::string listing = Heading(withOpcodes);
     listing.reserve(listing.size() + words.size() * kTypicalLineLength);
     int address = 0;
     for (const int word : words) {

@@ -62,9 +62,13 @@ enum class OperandForm : std::uint8_t {
     Address11,            // k: bits 10..0
 };
 
+// The parts of the data sheet's table; the last one is that of literal and control instructions.
+enum class Group : std::uint8_t { Byte, Bit, Control };
+
 struct Instruction {
     Operation operation;
     std::string_view mnemonic;
+    Group group;
     OperandForm form;
     std::uint16_t firstWord;  // the word with all operands 0, which the assembler starts from
     std::uint16_t lastWord;

@@ -99,8 +99,7 @@ TEST(Assembler, FillsRecordsAndReachesTheLastAddressOfARecord) {
     EXPECT_EQ(AssembleText(source + " DW 1\n").hex, fullRecord + ":020010000100ED\r\n" + tail);
 
     const Assembly last = AssembleText(" ORG 0x7FFF\n DW 0x3FFF");
-    EXPECT_EQ(last.highestAddress, 0x7FFF);
-    EXPECT_EQ(Assemble("", {}, 0x000A).highestAddress, -1);
+    EXPECT_EQ(last.words.size(), 0x8000U);
     EXPECT_EQ(Assemble("", {}, 0x000A).hex, ":02400E000A00A6\r\n:00000001FF\r\n");
     EXPECT_TRUE(last.hex.ends_with("\r\n:10FFF000" + std::string(28, '0') + "FF3FC3\r\n" + tail));
 }
@@ -110,11 +109,11 @@ TEST(Assembler, WarnsOnceOfAProgramThatDoesNotFit) {
     EXPECT_TRUE(WarningsFor(fits, "PIC16F84", 1024).empty());
 
     const Assembly tooLong = AssembleText(" ORG 0x3FF\n NOP\n NOP\n NOP");
-    const std::vector<Warning> warnings = WarningsFor(tooLong, "PIC16F84", 1024);
+    const std::vector<common::Diagnostic> warnings = WarningsFor(tooLong, "PIC16F84", 1024);
     ASSERT_EQ(warnings.size(), 1U);
-    EXPECT_EQ(warnings[0].lineNumber, 3);
+    EXPECT_EQ(warnings[0].line, 3);
     EXPECT_EQ(
-        warnings[0].message,
+        warnings[0].text,
         "The program does not fit the PIC16F84: address 0400h lies beyond its 1024 program words.");
 }
 

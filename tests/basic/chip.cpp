@@ -8,7 +8,6 @@
 #include "asm/assembler.h"
 #include "core/execution.h"
 #include "core/reset.h"
-#include "loader/intel_hex.h"
 #include "models/symbol_lines.h"
 
 namespace corvane::basic {
@@ -100,9 +99,7 @@ void Chip::Load(std::string_view assemblerText) {
         assemblerText, models::ReadSymbolLines(processor_.description.asmSymbolLines).symbols,
         processor_.model->defaultConfigurationWord);
     EXPECT_EQ(0, assembly.errorCount) << assembly.listing;
-    const auto program = loader::ReadIntelHex(assembly.hex, processor_.model->programWords);
-    ASSERT_TRUE(program) << program.error.message;
-    core::FillProgramMemory(processor_, program->words);
+    core::FillProgramMemory(processor_, assembly.words);
     core::SetBreakpoints(processor_, std::array{EndAddress(assembly)});
 }
 

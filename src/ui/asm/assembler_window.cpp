@@ -156,10 +156,9 @@ void AssemblerWindow::ShowOutput(const app::AssemblyRun& run) {
     }
     std::string text = run.assembly.listing;
     auto line = static_cast<int>(std::count(text.begin(), text.end(), '\n'));
-    for (const assembler::Warning& warning : run.warnings) {
-        text += "Warning in line " + std::to_string(warning.lineNumber) + ": " + warning.message +
-                "\r\n";
-        links.push_back({++line, warning.lineNumber});
+    for (const common::Diagnostic& warning : run.warnings) {
+        text += common::TextWithLine(warning) + "\r\n";
+        links.push_back({++line, warning.line});
     }
     nextError_->setEnabled(!links.empty());
     previousError_->setEnabled(!links.empty());
