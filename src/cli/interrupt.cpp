@@ -18,6 +18,7 @@ void RaiseFlag(int /*signal*/) {
 void CatchInterrupts() {
     std::signal(SIGINT, RaiseFlag);
     std::signal(SIGTERM, RaiseFlag);
+    std::signal(SIGHUP, RaiseFlag);
 }
 
 bool IsInterrupted() {

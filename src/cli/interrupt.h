@@ -3,7 +3,7 @@
 
 namespace corvane::cli {
 
-// From now on Ctrl-C (SIGINT) and SIGTERM only raise a flag.
+// From now on Ctrl-C (SIGINT), SIGTERM and the end of the terminal (SIGHUP) only raise a flag.
 void CatchInterrupts();
 
 // True when one of them has come.

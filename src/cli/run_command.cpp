@@ -31,7 +31,7 @@ common::Result<std::vector<StimulusEvent>> ReadEvents(const RunOptions& options)
     if (options.stimulusFile.empty()) {
         return common::Result<std::vector<StimulusEvent>>::Success({});
     }
-    const common::Result<std::string> text = common::ReadTextFile(options.stimulusFile);
+    const common::Result<std::string> text = common::ReadTextFileOrPipe(options.stimulusFile);
     if (!text) {
         return common::Result<std::vector<StimulusEvent>>::Failure(
             ErrorText(options.stimulusFile, text.error));

@@ -1,8 +1,9 @@
 // Writing a file piece by piece, so that it is replaced as a whole or left as it was.
 #pragma once
 
+#include <cstdio>
 #include <filesystem>
-#include <fstream>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,19 +19,25 @@ class FileReplacement {
     FileReplacement& operator=(const FileReplacement&) = delete;
     ~FileReplacement();  // what was not committed is dropped
 
-    // Opens a new file beside the old one. Devices and pipes are opened themselves.
+    // Makes a new file of a random name beside the old one, which several writers of one file do
+    // not share. Of a link the target is replaced, or made. Devices and pipes are written in place.
     std::optional<std::string> Open(const std::filesystem::path& path);
 
     std::optional<std::string> Write(std::string_view text);
 
-    // Puts the new file in the old one's place.
+    // Puts the new file in the old one's place, once the disk holds it.
     std::optional<std::string> Commit();
 
   private:
-    std::optional<std::string> OpenStream(const std::filesystem::path& path);
+    struct Closer {
+        void operator()(std::FILE* file) const { std::fclose(file); }
+    };
+
+    std::optional<std::string> OpenInPlace();
+    std::optional<std::string> OpenBeside(const std::filesystem::file_status& oldFile);
     void Drop();
 
-    std::ofstream file_;
+    std::unique_ptr<std::FILE, Closer> file_;
     std::filesystem::path target_;
     std::filesystem::path fresh_;  // empty when there is nothing to be renamed or removed
 };

@@ -1,6 +1,8 @@
 """Bad input of every kind gets one message and the right status, and changes no other file."""
 
 import os
+import pathlib
+import resource
 import shutil
 import subprocess
 import unittest
@@ -17,12 +19,47 @@ class Files(CliCase):
             self.assertIn(word, self.cli("--help"))
             self.assertIn("--model-dir", self.cli(word, "--help"))
 
-    def test_a_failed_replacement_leaves_the_old_file(self):
+    def test_a_file_that_grows_too_large_leaves_the_old_one(self):
         self.write("a.asm", PROGRAM)
-        self.write("a.hex", "older")
-        (self.folder / ".a.hex.part" / "in the way").mkdir(parents=True)
-        self.cli("assemble", "a.asm", status=REFUSED, errors=f"a.hex: {FOLDER}")
-        self.assertEqual(self.read("a.hex"), "older")
+        self.write("t", "older")
+
+        def limit():
+            resource.setrlimit(resource.RLIMIT_FSIZE, (100_000, 100_000))
+
+        self.cli("run", "a.asm", "-n", 100_000, "-q", "-t", "t", status=REFUSED,
+                 errors="t: error: File too large", preexec_fn=limit)
+        self.assertEqual((self.read("t"), self.files()), ("older", ["a.asm", "t"]))
+
+    @unittest.skipIf(b"__asan_init" in pathlib.Path(CLI).read_bytes(), "the sanitizer needs more")
+    def test_without_memory_a_message(self):
+        self.write("a.asm", "".join(f"L{i}: NOP\n" for i in range(200_000)))
+
+        def limit():
+            resource.setrlimit(resource.RLIMIT_AS, (40_000_000, 40_000_000))
+
+        self.cli("assemble", "a.asm", status=REFUSED, errors="corvane-cli: error: Out of memory.",
+                 preexec_fn=limit)
+        self.assertEqual(self.files(), ["a.asm"])
+
+    def test_what_cannot_be_read_is_refused_at_once(self):
+        self.write("a.asm", PROGRAM)
+        self.write("s", "")
+        os.mkfifo(self.folder / "pipe.asm")
+        for link, target in [("mem.hex", "/proc/self/mem"), ("mem.asm", "/proc/self/mem"),
+                             ("zero.asm", "/dev/zero"), ("zero.hex", "/dev/zero"),
+                             ("pic16f84.cfg", "/proc/self/mem")]:
+            os.symlink(target, self.folder / link)
+        unreadable, no_file = "error: Input/output error", "error: Not a regular file"
+        for arguments, error in [
+            (["run", "mem.hex"], f"mem.hex: {unreadable}"), (["run", "zero.hex"], f"zero.hex: {no_file}"),
+            (["disassemble", "mem.hex"], f"mem.hex: {unreadable}"),
+            (["assemble", "mem.asm"], f"mem.asm: {unreadable}"),
+            (["assemble", "zero.asm"], f"zero.asm: {no_file}"),
+            (["assemble", "pipe.asm"], f"pipe.asm: {no_file}"),
+            (["run", "a.asm", "-s", "mem.hex"], f"mem.hex: {unreadable}"),
+            (["run", "a.asm", "--model-dir", "."], f"./pic16f84.cfg: {unreadable}"),
+        ]:
+            self.cli(*arguments, status=REFUSED, errors=error)
 
     def test_standard_output_that_fails(self):
         self.write("a.asm", PROGRAM)

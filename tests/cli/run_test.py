@@ -107,12 +107,12 @@ class Stimulus(CliCase):
 
 
 class Interruption(CliCase):
-    def interrupt(self, trace, wait_until_it_runs):
-        """Presses Ctrl-C; returns standard output as far as the wait has left it."""
+    def interrupt(self, number, trace, wait_until_it_runs):
+        """Sends the signal; returns standard output as far as the wait has left it."""
         process = subprocess.Popen([CLI, "run", "a.asm", "-t", trace, "--state", "s"],
                                    cwd=self.folder, stdout=subprocess.PIPE)
         wait_until_it_runs(process)
-        process.send_signal(signal.SIGINT)
+        process.send_signal(number)
         text = process.communicate()[0].decode()
         self.assertEqual(process.returncode, INTERRUPTED)
         return text
@@ -121,22 +121,21 @@ class Interruption(CliCase):
         steps = json.loads(self.read("s"))["instructionCount"]
         self.assertRegex(trace.splitlines()[-1], f"^{steps} 0002 55 18 [0-9]+ GOTO 0x002$")
         self.assertIn(f"instructions is {steps}.\n", statistics)
-        self.assertEqual([name for name in self.files() if name.endswith(".part")], [])
+        self.assertEqual([name for name in self.files() if name.startswith(".")], [])
 
-    def test_ctrl_c_finishes_the_step_and_writes_everything(self):
+    def test_a_signal_finishes_the_step_and_writes_everything(self):
         self.write("a.asm", LOOP)
-        text = self.interrupt("-", lambda process: process.stdout.read(1))
+        text = self.interrupt(signal.SIGINT, "-", lambda process: process.stdout.read(1))
         trace, total, statistics = text.partition("Total")
         self.check_results(trace, total + statistics)
 
-        unfinished = self.folder / ".t.part"
-
         def until_the_trace_grows(_):
-            while not unfinished.exists() or unfinished.stat().st_size == 0:
+            while not any(path.stat().st_size for path in self.folder.glob(".*")):
                 pass
 
-        statistics = self.interrupt("t", until_the_trace_grows)
-        self.check_results(self.read("t"), statistics)
+        for number in signal.SIGTERM, signal.SIGHUP:
+            statistics = self.interrupt(number, "t", until_the_trace_grows)
+            self.check_results(self.read("t"), statistics)
 
 
 if __name__ == "__main__":

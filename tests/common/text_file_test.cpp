@@ -1,11 +1,13 @@
 #include "common/text_file.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 
+#include "common/file_replacement.h"
 #include "common/text.h"
 
 namespace corvane::common {
@@ -41,11 +43,38 @@ TEST_F(TextFile, FailuresSayWhyAndLeaveTheOldFile) {
     EXPECT_EQ(WriteTextFile(folder_, "x"), "Is a directory");
     EXPECT_EQ(WriteTextFile(folder_ / "none" / "x", "x"), "No such file or directory");
     EXPECT_EQ(WriteTextFile("/dev/full", "x"), "No space left on device");
-    // A folder in the way of the new file: the old one stays.
-    std::ofstream(folder_ / "b") << "old";
-    fs::create_directories(folder_ / ".b.part" / "x");
-    EXPECT_EQ(WriteTextFile(folder_ / "b", "new"), "Is a directory");
-    EXPECT_EQ(*ReadTextFile(folder_ / "b"), "old");
+    fs::create_directories(folder_ / "empty");
+    EXPECT_EQ(WriteTextFile(folder_ / "empty", "x"), "Is a directory");
+    fs::create_symlink("loop", folder_ / "loop");
+    EXPECT_EQ(WriteTextFile(folder_ / "loop", "x"), "Too many levels of symbolic links");
+    // It opens, and its first byte cannot be read.
+    fs::create_symlink("/proc/self/mem", folder_ / "unreadable");
+    EXPECT_EQ(ReadTextFile(folder_ / "unreadable").error, "Input/output error");
+    // Nobody writes into the one, the other has no end.
+    ASSERT_EQ(mkfifo((folder_ / "pipe").c_str(), 0600), 0);
+    EXPECT_EQ(ReadTextFile(folder_ / "pipe").error, "Not a regular file");
+    EXPECT_EQ(ReadTextFile("/dev/zero").error, "Not a regular file");
+    EXPECT_EQ(ReadTextFileOrPipe("/dev/zero").error, "Not a regular file");
+}
+
+TEST_F(TextFile, WritersOfOneFileDoNotMeet) {
+    const fs::path path = folder_ / std::string(250, 'n');
+    fs::create_symlink("made", folder_ / "dangling");
+    FileReplacement first;
+    FileReplacement second;
+    ASSERT_EQ(first.Open(path), std::nullopt);
+    ASSERT_EQ(second.Open(path), std::nullopt);
+    EXPECT_EQ(first.Write("first"), std::nullopt);
+    EXPECT_EQ(second.Write("second one"), std::nullopt);
+    EXPECT_EQ(second.Commit(), std::nullopt);
+    EXPECT_EQ(*ReadTextFile(path), "second one");
+    EXPECT_EQ(first.Commit(), std::nullopt);
+    EXPECT_EQ(*ReadTextFile(path), "first");
+    EXPECT_EQ(WriteTextFile(folder_ / "dangling", "text"), std::nullopt);
+    EXPECT_EQ(*ReadTextFile(folder_ / "made"), "text");
+    EXPECT_TRUE(fs::is_symlink(folder_ / "dangling"));
+    ASSERT_EQ(FileReplacement().Open(folder_ / "dropped"), std::nullopt);
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder_), fs::directory_iterator()), 3);
 }
 
 TEST(Text, LinesEndAtAnyLineEnd) {

@@ -73,7 +73,12 @@ std::optional<std::string> IniSettingsStore::Read(std::string_view name) {
 }
 
 void IniSettingsStore::Write(std::string_view name, std::string_view value) {
-    const std::string text = common::ReadTextFile(path_).value.value_or("[Corvane]\n");
+    std::error_code ignored;
+    const common::Result<std::string> stored = common::ReadTextFile(path_);
+    if (!stored && std::filesystem::exists(path_, ignored)) {
+        return;  // the other settings would be lost
+    }
+    const std::string text = stored.value.value_or("[Corvane]\n");
     const std::string setting = std::string(name) + "=" + Escaped(value) + "\n";
     std::string changed;
     bool isWritten = false;
@@ -87,7 +92,6 @@ void IniSettingsStore::Write(std::string_view name, std::string_view value) {
     if (!isWritten) {
         changed += setting;
     }
-    std::error_code ignored;
     std::filesystem::create_directories(std::filesystem::path(path_).parent_path(), ignored);
     common::WriteTextFile(path_, changed);
 }

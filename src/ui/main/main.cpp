@@ -4,8 +4,11 @@
 #include <QTimer>
 #include <algorithm>
 #include <clocale>
+#include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
+#include <new>
 #include <string_view>
 
 #include "models/catalogue.h"
@@ -71,9 +74,17 @@ Options ParseOptions() {
     return options;
 }
 
+// The event loop lets no exception through, so that there is nobody who could catch one.
+[[noreturn]] void EndWithoutMemory() {
+    std::fputs("corvane: out of memory\n", stderr);
+    std::_Exit(EXIT_FAILURE);
+}
+
 }  // namespace
 
 int main(int argc, char* argv[]) {
+    std::set_new_handler(EndWithoutMemory);
+    std::signal(SIGXFSZ, SIG_IGN);  // a file that grows too large is a failed write like any other
     const std::unique_ptr<QCoreApplication> application = MakeApplication(argc, argv);
     std::setlocale(LC_NUMERIC, "C");  // the toolkit has switched to the user's
     QCoreApplication::setApplicationName("Corvane");
