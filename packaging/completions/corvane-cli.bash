@@ -28,6 +28,10 @@ _corvane_cli() {
             _filedir
             return
             ;;
+        --format)
+            mapfile -t COMPREPLY < <(compgen -W "hex asm bas" -- "$current")
+            return
+            ;;
         --rules)
             local rules="bank page table stack runs-off isr-context unreachable all"
             mapfile -t COMPREPLY < <(compgen -W "$rules" -- "$current")
@@ -49,7 +53,7 @@ _corvane_cli() {
         check) _corvane_cli_arguments "$general --rules --clock" '@(asm|bas|hex)' ;;
         disassemble) _corvane_cli_arguments "$general -o --output --no-opcodes" hex ;;
         run)
-            _corvane_cli_arguments "$general -n --steps -c --cycles -b --break -s --stimulus
+            _corvane_cli_arguments "$general --format -n --steps -c --cycles -b --break -s --stimulus
                 -t --trace --state -q --quiet --clock --eeprom-write-time --ad-conversion-time" \
                 '@(asm|bas|hex)'
             ;;

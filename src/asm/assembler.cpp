@@ -8,8 +8,10 @@
 #include "asm/hex_writer.h"
 #include "asm/listing.h"
 #include "asm/source_lines.h"
+#include "asm/statement.h"
 #include "asm/symbol_table.h"
 #include "common/number_text.h"
+#include "common/text.h"
 
 namespace corvane::assembler {
 
@@ -52,6 +54,7 @@ Assembly Assemble(std::string_view source,
     ResolveOperands(assembly, symbols, progress);
     EncodeLines(assembly, progress);
 
+    std::ranges::stable_sort(assembly.notes, {}, &common::Diagnostic::line);
     assembly.words = WordsOf(assembly.lines);
 
     showStatus("Writing LST file.");
@@ -61,20 +64,42 @@ Assembly Assemble(std::string_view source,
     return assembly;
 }
 
+namespace {
+
+// "NOP" at the beginning of a line, and nothing else: the assembler takes it for a label.
+bool IsMistakenLabel(const AsmLine& line) {
+    const StatementKind kind = FindStatement(line.label).kind;
+    return !line.label.empty() && line.mnemonic.empty() && !line.hasError &&
+           (kind == StatementKind::Instruction || kind == StatementKind::End) &&
+           common::ToUpper(common::TrimRight(line.source.substr(0, line.source.find(';')))) ==
+               line.label;
+}
+
+}  // namespace
+
 std::vector<common::Diagnostic> WarningsFor(const Assembly& assembly, std::string_view modelName,
                                             int programWords) {
-    const auto line = std::find_if(
-        assembly.lines.begin(), assembly.lines.end(),
-        [&](const AsmLine& l) { return l.opcode.has_value() && l.address >= programWords; });
-    if (line == assembly.lines.end()) {
-        return {};
+    std::vector<common::Diagnostic> warnings;
+    int lineNumber = 0;
+    const auto warn = [&](std::string text) {
+        warnings.push_back(
+            {.line = lineNumber, .severity = common::Severity::Warning, .text = std::move(text)});
+    };
+    bool fits = true;
+    for (const AsmLine& line : assembly.lines) {
+        ++lineNumber;
+        if (IsMistakenLabel(line)) {
+            warn(line.label +
+                 " is a label here; an instruction must not begin in the first column.");
+        }
+        if (fits && line.opcode && line.address >= programWords) {
+            fits = false;
+            warn("The program does not fit the " + std::string(modelName) + ": address " +
+                 common::Hex4(line.address) + "h lies beyond its " + std::to_string(programWords) +
+                 " program words.");
+        }
     }
-    std::string text = "The program does not fit the " + std::string(modelName) + ": address " +
-                       common::Hex4(line->address) + "h lies beyond its " +
-                       std::to_string(programWords) + " program words.";
-    return {{.line = static_cast<int>(line - assembly.lines.begin()) + 1,
-             .severity = common::Severity::Warning,
-             .text = std::move(text)}};
+    return warnings;
 }
 
 }  // namespace corvane::assembler

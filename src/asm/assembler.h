@@ -31,8 +31,10 @@ struct AsmLine {
 struct Assembly {
     std::vector<AsmLine> lines;  // line i + 1 of the source
     int errorCount = 0;          // every failed check counts; a line may fail several
-    std::string listing;         // CR LF line ends
-    std::string hex;             // CR LF line ends
+    // What there is to add to the message of a line: which operand or name is meant. In line order.
+    std::vector<common::Diagnostic> notes;
+    std::string listing;  // CR LF line ends
+    std::string hex;      // CR LF line ends
     // The program from address 0 to its last word that is not 0. Of lines with the same address the
     // last one counts.
     std::vector<std::uint16_t> words;
@@ -43,7 +45,8 @@ Assembly Assemble(std::string_view source,
                   const std::vector<models::PredefinedSymbol>& predefinedSymbols,
                   int configurationWord, const common::ProgressCallback& progress = {});
 
-// The first line whose word lies beyond the model's program memory, if there is one.
+// The first line whose word lies beyond the model's program memory, if there is one, and lines of
+// which only an instruction's name in the first column was read, as a label.
 std::vector<common::Diagnostic> WarningsFor(const Assembly& assembly, std::string_view modelName,
                                             int programWords);
 

@@ -6,6 +6,7 @@
 
 #include "asm/hex_writer.h"
 #include "asm/line_pass.h"
+#include "asm/notes.h"
 #include "asm/statement.h"
 #include "common/number_text.h"
 
@@ -53,7 +54,8 @@ void AssignAddress(Assembly& assembly, AsmLine& line, const SymbolTable& symbols
                 locationCounter = *address;
                 line.address = *address;
             } else {
-                Report(assembly, line, "Invalid argument of the ORG directive.");
+                Report(assembly, line, "Invalid argument of the ORG directive.",
+                       line.operand1.empty() ? "" : UnknownOperandNote(line.operand1));
             }
             break;
         case StatementKind::Dw:
@@ -64,7 +66,8 @@ void AssignAddress(Assembly& assembly, AsmLine& line, const SymbolTable& symbols
             ++locationCounter;
             break;
         case StatementKind::Unrecognized:
-            Report(assembly, line, "Unrecognized instruction.");
+            Report(assembly, line, "Unrecognized instruction.",
+                   Quoted(line.mnemonic) + " is no instruction and no directive.");
             break;
     }
 }
@@ -85,15 +88,28 @@ class OperandChecks {
     OperandChecks(Assembly& assembly, AsmLine& line) : assembly_(assembly), line_(line) {}
 
     void TwoOperands() { Require(line_.hasTwoOperands, "Two arguments expected."); }
-    void NoOperand1() { Require(line_.operand1.empty(), kInvalidArgument); }
-    void NoOperand2() { Require(line_.operand2.empty(), kInvalidArgument); }
-    void Value1Below(int limit) { Require(line_.value1 < limit, kInvalidArgument); }
-    void Value2Below(int limit) { Require(line_.value2 < limit, kInvalidArgument); }
+    void NoOperand1() { RequireNone(line_.operand1); }
+    void NoOperand2() { RequireNone(line_.operand2); }
+    void Value1Below(int limit) { RequireBelow(line_.operand1, line_.value1, limit); }
+    void Value2Below(int limit) { RequireBelow(line_.operand2, line_.value2, limit); }
 
   private:
     void Require(bool isRight, std::string_view message) {
         if (!isRight) {
             Report(assembly_, line_, message);
+        }
+    }
+
+    void RequireNone(const std::string& operand) {
+        if (!operand.empty()) {
+            Report(assembly_, line_, kInvalidArgument,
+                   Quoted(operand) + " is one argument too many.");
+        }
+    }
+
+    void RequireBelow(const std::string& operand, int value, int limit) {
+        if (value >= limit) {
+            Report(assembly_, line_, kInvalidArgument, TooLargeNote(operand, limit));
         }
     }
 
@@ -173,9 +189,13 @@ void AssignLabelValues(const Assembly& assembly, SymbolTable& symbols) {
 void ResolveOperands(Assembly& assembly, const SymbolTable& symbols,
                      const common::ProgressCallback& progress) {
     ForEachLine(assembly, "Performing pass 3.", progress, [&](AsmLine& line) {
-        if (!line.hasError && !(ResolveOperand(line.operand1, symbols, line.value1) &&
-                                ResolveOperand(line.operand2, symbols, line.value2))) {
-            Report(assembly, line, kInvalidArgument);
+        if (line.hasError) {
+            return;
+        }
+        if (!ResolveOperand(line.operand1, symbols, line.value1)) {
+            Report(assembly, line, kInvalidArgument, UnknownOperandNote(line.operand1));
+        } else if (!ResolveOperand(line.operand2, symbols, line.value2)) {
+            Report(assembly, line, kInvalidArgument, UnknownOperandNote(line.operand2));
         }
     });
 }

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "asm/line_pass.h"
+#include "asm/notes.h"
 #include "asm/statement.h"
 #include "common/number_text.h"
 #include "common/text.h"
@@ -50,7 +51,10 @@ bool ReadLabel(Assembly& assembly, AsmLine& line, SymbolTable& symbols, std::str
         return false;
     }
     if (!symbols.Define(label)) {
-        Report(assembly, line, "Duplicate label.");
+        Report(assembly, line, "Duplicate label.",
+               Quoted(label) + (symbols.IsPredefined(label)
+                                    ? " is a predefined name of the microcontroller."
+                                    : " is defined in an earlier line."));
         return false;
     }
     line.label = label;
@@ -90,7 +94,7 @@ std::vector<AsmLine> ReadLines(std::string_view source) {
     const std::vector<std::string_view> texts = common::SplitLines(source);
     std::vector<AsmLine> lines(texts.size());
     for (std::size_t i = 0; i < texts.size(); ++i) {
-        lines[i].source = texts[i].substr(0, kSourceWidth);
+        lines[i].source = common::FirstCharacters(texts[i], kSourceWidth);
     }
     return lines;
 }
@@ -110,7 +114,8 @@ void ResolveEquates(Assembly& assembly, SymbolTable& symbols) {
         if (value && line.operand2.empty()) {
             symbols.SetValue(line.label, *value);
         } else {
-            Report(assembly, line, "Invalid argument of the EQU directive.");
+            Report(assembly, line, "Invalid argument of the EQU directive.",
+                   value || line.operand1.empty() ? "" : Quoted(line.operand1) + " is no number.");
         }
     }
 }

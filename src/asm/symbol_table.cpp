@@ -7,23 +7,28 @@ namespace corvane::assembler {
 SymbolTable::SymbolTable(const std::vector<models::PredefinedSymbol>& predefinedSymbols) {
     for (const models::PredefinedSymbol& symbol : predefinedSymbols) {
         const std::string_view name = symbol.name;
-        values_.emplace(common::TrimRight(name.substr(0, kNameWidth)), symbol.value);
+        symbols_.emplace(common::TrimRight(name.substr(0, kNameWidth)), Symbol{symbol.value, true});
     }
 }
 
 bool SymbolTable::Define(std::string_view name) {
-    return values_.emplace(name, 0).second;
+    return symbols_.emplace(name, Symbol{0, false}).second;
 }
 
 void SymbolTable::SetValue(std::string_view name, int value) {
-    if (const auto symbol = values_.find(name); symbol != values_.end()) {
-        symbol->second = value;
+    if (const auto symbol = symbols_.find(name); symbol != symbols_.end()) {
+        symbol->second.value = value;
     }
 }
 
 std::optional<int> SymbolTable::Find(std::string_view name) const {
-    const auto symbol = values_.find(name);
-    return symbol == values_.end() ? std::nullopt : std::optional<int>(symbol->second);
+    const auto symbol = symbols_.find(name);
+    return symbol == symbols_.end() ? std::nullopt : std::optional<int>(symbol->second.value);
+}
+
+bool SymbolTable::IsPredefined(std::string_view name) const {
+    const auto symbol = symbols_.find(name);
+    return symbol != symbols_.end() && symbol->second.isPredefined;
 }
 
 }  // namespace corvane::assembler

@@ -27,6 +27,9 @@ class SymbolTable {
 
     std::optional<int> Find(std::string_view name) const;
 
+    // Whether the name was there before the first line was read.
+    bool IsPredefined(std::string_view name) const;
+
   private:
     struct Hash {
         // The standard's spelling of "look up without making a string".
@@ -36,7 +39,12 @@ class SymbolTable {
         }
     };
 
-    std::unordered_map<std::string, int, Hash, std::equal_to<>> values_;
+    struct Symbol {
+        int value;
+        bool isPredefined;
+    };
+
+    std::unordered_map<std::string, Symbol, Hash, std::equal_to<>> symbols_;
 };
 
 }  // namespace corvane::assembler

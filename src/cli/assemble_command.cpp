@@ -13,31 +13,31 @@ namespace corvane::cli {
 
 namespace fs = std::filesystem;
 
-namespace {
-
-// An older file must not be mistaken for the result of a failed assembly. Devices stay.
-std::string RemoveResult(const std::string& hexFile) {
+std::string RemoveOldResult(const std::string& hexFile, const std::string& source) {
     std::error_code error;
-    if (fs::is_regular_file(hexFile, error) && !fs::remove(hexFile, error)) {
+    if (fs::exists(source, error) && fs::is_regular_file(hexFile, error) &&
+        !fs::remove(hexFile, error)) {
         return "\n" + ErrorText(hexFile, error.message());
     }
     return "";
 }
 
-}  // namespace
-
 CommandResult Assemble(const AssembleOptions& options) {
+    if (const auto error = WrongKind(options.source, {FileKind::Assembler})) {
+        return WrongUsage(*error);
+    }
     const std::string hexFile =
         options.hexFile.empty() ? NameBeside(options.source, ".hex") : options.hexFile;
     const std::string listingFile =
         options.listingFile.empty() ? NameBeside(options.source, ".lst") : options.listingFile;
     if (const auto conflict =
-            OutputConflict(std::array{options.source}, std::array{hexFile, listingFile})) {
+            OutputConflict(std::array{options.source, ModelFilePath(options.model)},
+                           std::array{hexFile, listingFile})) {
         return WrongUsage(*conflict);
     }
     const common::Result<SourceInput> input = ReadSourceInput(options.model, options.source);
     if (!input) {
-        return Refused(input.error);
+        return Refused(input.error + RemoveOldResult(hexFile, options.source));
     }
     const assembler::Assembly assembly = AssembleText(
         options.source, input->text, input->modelFile,
@@ -45,7 +45,8 @@ CommandResult Assemble(const AssembleOptions& options) {
     const std::optional<std::string> listingError = WriteOutput(listingFile, assembly.listing);
     if (assembly.errorCount > 0) {
         return Refused(AssemblyErrors(options.source, assembly) +
-                       (listingError ? "\n" + *listingError : "") + RemoveResult(hexFile));
+                       (listingError ? "\n" + *listingError : "") +
+                       RemoveOldResult(hexFile, options.source));
     }
     if (listingError) {
         return Refused(*listingError);

@@ -20,4 +20,9 @@ struct AssembleOptions {
 // The listing is written also when there are errors, an older .hex file then removed.
 CommandResult Assemble(const AssembleOptions& options);
 
+// Removes an older file that could be mistaken for the result of a translation that has failed;
+// not when there is no source, which is a slip of the person's. Devices stay. Returns the error
+// behind a line end, or nothing.
+std::string RemoveOldResult(const std::string& hexFile, const std::string& source);
+
 }  // namespace corvane::cli

@@ -11,28 +11,33 @@
 namespace corvane::cli {
 
 CommandResult Build(const BuildOptions& options) {
-    AssembleOptions assembling = {.model = options.model,
-                                  .source = options.source,
-                                  .hexFile = options.hexFile,
-                                  .listingFile = "",
-                                  .configurationWord = options.configurationWord};
-    const FileKind kind = KindOf(options.source);
-    if (kind == FileKind::Assembler) {
+    AssembleOptions assembling = {
+        .model = options.model,
+        .source = options.source,
+        .hexFile = options.hexFile.empty() ? NameBeside(options.source, ".hex") : options.hexFile,
+        .listingFile = "",
+        .configurationWord = options.configurationWord};
+    if (const auto error = WrongKind(options.source, {FileKind::Basic, FileKind::Assembler})) {
+        return WrongUsage(*error);
+    }
+    if (KindOf(options.source) == FileKind::Assembler) {
         return Assemble(assembling);
     }
-    if (kind != FileKind::Basic) {
-        return WrongUsage(ErrorText(options.source, "The name must end in .bas or .asm."));
-    }
     assembling.source = NameBeside(options.source, ".asm");
-    if (const auto conflict = OutputConflict(std::array{options.source, assembling.source},
-                                             std::array{options.hexFile})) {
+    if (const auto conflict = OutputConflict(
+            std::array{options.source, assembling.source, ModelFilePath(options.model)},
+            std::array{options.hexFile})) {
         return WrongUsage(*conflict);
     }
     CommandResult compiled = Compile({.model = options.model,
                                       .source = options.source,
                                       .assemblerFile = assembling.source,
                                       .clockFrequency = options.clockFrequency});
-    return compiled.ending == Ending::Done ? Assemble(assembling) : compiled;
+    if (compiled.ending == Ending::Done) {
+        return Assemble(assembling);
+    }
+    compiled.message += RemoveOldResult(assembling.hexFile, options.source);
+    return compiled;
 }
 
 }  // namespace corvane::cli

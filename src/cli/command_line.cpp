@@ -46,12 +46,13 @@ void AddModelOptions(CLI::App& app, ModelOptions& model) {
     app.add_option_function<std::string>(
            "-m,--model",
            [&model](const std::string& name) {
-               const std::optional<int> row = models::FindModel(name);
-               if (!row) {
+               const std::optional<models::NamedModel> named = models::FindModelAsWritten(name);
+               if (!named) {
                    throw CLI::ValidationError(
                        "--model", "There is no model '" + name + "'; 'models' lists them.");
                }
-               model.model = &models::kModelCatalogue[static_cast<std::size_t>(*row)];
+               model.model = &models::kModelCatalogue[static_cast<std::size_t>(named->row)];
+               model.warning = named->warning;
            },
            "Microcontroller, PIC16F84 by default")
         ->type_name("NAME");
@@ -76,6 +77,14 @@ void AddClock(CLI::App& app, float& megahertz) {
     AddFrequencyOption(app, "--clock", megahertz, "Clock frequency, 4 by default");
 }
 
+void AddFormat(CLI::App& app, std::optional<FileKind>& kind) {
+    app.add_option_function<std::string>(
+           "--format", [&kind](const std::string& name) { kind = KindOf("." + name); },
+           "What the program is, whatever its name says")
+        ->type_name("hex|asm|bas")
+        ->check(CLI::IsMember({"hex", "asm", "bas"}));
+}
+
 // What the whole command line fills.
 struct CommandLine {
     CLI::App app{"Assembles, compiles, disassembles and simulates programs for PIC16 controllers.",
@@ -94,6 +103,9 @@ void AddCommand(CommandLine& line, const std::string& name, const std::string& d
     AddModelOptions(app, line.model);
     app.callback([options, command, &line] {
         options->model = line.model;
+        if (!line.model.warning.empty()) {
+            ReportWarning("corvane-cli", 0, line.model.warning);
+        }
         line.result = command(*options);
     });
 }
@@ -130,7 +142,7 @@ void AddCompile(CommandLine& line) {
         Compile);
 }
 
-void AddFormat(CommandLine& line) {
+void AddFormatCommand(CommandLine& line) {
     AddCommand<FormatOptions>(
         line, "format", "Prints a BASIC source as the editor rewrites it",
         [](CLI::App& app, FormatOptions& options) {
@@ -168,7 +180,9 @@ void AddRun(CommandLine& line) {
     AddCommand<RunOptions>(
         line, "run", "Simulates a program",
         [](CLI::App& app, RunOptions& options) {
-            AddSource(app, options.program, "Program, or source to build first: .hex, .asm, .bas");
+            AddSource(app, options.program.name,
+                      "Program, or source to build first: .hex, .asm, .bas, or a pipe");
+            AddFormat(app, options.program.kind);
             AddNumberOption(app, "-n,--steps", options.limits.steps, 0, "End after N steps");
             AddNumberOption(app, "-c,--cycles", options.limits.clockCycles, 0,
                             "End once N clock cycles have passed");
@@ -230,7 +244,7 @@ int RunCommandLine(int argc, const char* const* argv) {
     line.app.require_subcommand(1);
     line.app.set_version_flag("--version", "");
     AddModelOptions(line.app, line.model);
-    for (const auto add : {AddModels, AddAssemble, AddCompile, AddFormat, AddBuild, AddCheck,
+    for (const auto add : {AddModels, AddAssemble, AddCompile, AddFormatCommand, AddBuild, AddCheck,
                            AddDisassemble, AddRun}) {
         add(line);
     }

@@ -10,10 +10,13 @@
 namespace corvane::cli {
 
 CommandResult Compile(const CompileOptions& options) {
+    if (const auto error = WrongKind(options.source, {FileKind::Basic})) {
+        return WrongUsage(*error);
+    }
     const std::string assemblerFile =
         options.assemblerFile.empty() ? NameBeside(options.source, ".asm") : options.assemblerFile;
-    if (const auto conflict =
-            OutputConflict(std::array{options.source}, std::array{assemblerFile})) {
+    if (const auto conflict = OutputConflict(
+            std::array{options.source, ModelFilePath(options.model)}, std::array{assemblerFile})) {
         return WrongUsage(*conflict);
     }
     const common::Result<SourceInput> input = ReadSourceInput(options.model, options.source);

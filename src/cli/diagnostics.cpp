@@ -25,6 +25,10 @@ std::string ErrorText(std::string_view file, std::string_view message) {
     return ErrorText(file, 0, message);
 }
 
+std::string NoteText(std::string_view file, int lineNumber, std::string_view message) {
+    return Located(file, lineNumber, ": note: ", message);
+}
+
 void ReportWarning(std::string_view file, int lineNumber, std::string_view message) {
     WriteStandardError(Located(file, lineNumber, ": warning: ", message));
 }

@@ -7,11 +7,16 @@
 #include "cli/diagnostics.h"
 #include "cli/output.h"
 #include "cli/program_file.h"
+#include "cli/source_file.h"
 #include "disasm/listing.h"
 
 namespace corvane::cli {
 
 CommandResult Disassemble(const DisassembleOptions& options) {
+    if (const auto error = WrongKind(options.program, {FileKind::Hex});
+        error && !IsOfUnnamedKind(options.program)) {
+        return WrongUsage(*error);
+    }
     if (const auto conflict =
             OutputConflict(std::array{options.program}, std::array{options.listingFile})) {
         return WrongUsage(*conflict);

@@ -9,6 +9,9 @@
 namespace corvane::cli {
 
 CommandResult Format(const FormatOptions& options) {
+    if (const auto error = WrongKind(options.source, {FileKind::Basic})) {
+        return WrongUsage(*error);
+    }
     const common::Result<SourceInput> input = ReadSourceInput(options.model, options.source);
     if (!input) {
         return Refused(input.error);

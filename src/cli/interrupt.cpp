@@ -1,6 +1,7 @@
 #include "cli/interrupt.h"
 
 #include <csignal>
+#include <initializer_list>
 
 namespace corvane::cli {
 
@@ -18,7 +19,23 @@ void RaiseFlag(int /*signal*/) {
 void CatchInterrupts() {
     std::signal(SIGINT, RaiseFlag);
     std::signal(SIGTERM, RaiseFlag);
-    std::signal(SIGHUP, RaiseFlag);
+    // Who has started it so that it outlives the terminal means it.
+    if (std::signal(SIGHUP, RaiseFlag) == SIG_IGN) {
+        std::signal(SIGHUP, SIG_IGN);
+    }
+}
+
+SignalsWait::SignalsWait() {
+    sigset_t signals;
+    sigemptyset(&signals);
+    for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
+        sigaddset(&signals, number);
+    }
+    sigprocmask(SIG_BLOCK, &signals, &before_);
+}
+
+SignalsWait::~SignalsWait() {
+    sigprocmask(SIG_SETMASK, &before_, nullptr);
 }
 
 bool IsInterrupted() {

@@ -1,5 +1,7 @@
-// Ctrl-C while a program is simulated.
+// Ctrl-C and other requests to end.
 #pragma once
+
+#include <csignal>
 
 namespace corvane::cli {
 
@@ -8,5 +10,17 @@ void CatchInterrupts();
 
 // True when one of them has come.
 bool IsInterrupted();
+
+// While it lives these signals wait, so that none comes between a file's first byte and its last.
+class SignalsWait {
+  public:
+    SignalsWait();
+    SignalsWait(const SignalsWait&) = delete;
+    SignalsWait& operator=(const SignalsWait&) = delete;
+    ~SignalsWait();
+
+  private:
+    sigset_t before_{};
+};
 
 }  // namespace corvane::cli

@@ -40,6 +40,10 @@ std::optional<fs::path> FindModelFile(const ModelOptions& options) {
 
 }  // namespace
 
+std::string ModelFilePath(const ModelOptions& options) {
+    return FindModelFile(options).value_or("").string();
+}
+
 ReadResult ReadModelFile(const ModelOptions& options) {
     const std::string message = "File '" + models::DescriptionFileName(options.model->name) + "' ";
     const std::optional<fs::path> path = FindModelFile(options);

@@ -12,7 +12,8 @@ namespace corvane::cli {
 
 struct ModelOptions {
     const models::Model* model = &models::kModelCatalogue[models::kDefaultModel];
-    std::string folder;  // of the description files; empty when they are to be found
+    std::string folder;   // of the description files; empty when they are to be found
+    std::string warning;  // what the chip that was named has and the model has not, or nothing
 };
 
 struct ModelFile {
@@ -20,6 +21,9 @@ struct ModelFile {
     std::string path;  // as messages name it
     models::ModelDescription description;
 };
+
+// The path of the model's description file; empty when there is none.
+std::string ModelFilePath(const ModelOptions& options);
 
 // Without a folder the file is looked for beside the executable, then in the data folder. The error
 // is complete.

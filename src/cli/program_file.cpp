@@ -22,35 +22,69 @@ ProgramResult LoadHexText(const std::string& file, std::string_view text,
     return ProgramResult::Success(std::move(*program));
 }
 
-}  // namespace
-
-ProgramResult ReadHexFile(const std::string& file, const models::Model& model) {
-    const common::Result<std::string> text = common::ReadTextFile(file);
-    return text ? LoadHexText(file, *text, model)
-                : ProgramResult::Failure(ErrorText(file, text.error));
+// Without a word from the person: what the name says, else Intel HEX when the text begins like it.
+FileKind KindOfProgram(const ProgramFile& file, std::string_view text) {
+    const FileKind kind = file.kind.value_or(KindOf(file.name));
+    const std::size_t begin = text.find_first_not_of(" \t\r\n");
+    const bool isHex = begin != std::string_view::npos && text[begin] == ':';
+    return kind == FileKind::Unknown && isHex ? FileKind::Hex : kind;
 }
 
-ProgramResult ReadProgram(const std::string& file, const ModelFile& modelFile,
-                          float clockFrequency) {
-    const FileKind kind = KindOf(file);
-    if (kind == FileKind::Hex) {
-        return ReadHexFile(file, *modelFile.model);
+ProgramResult BuildProgram(const std::string& file, FileKind kind, const std::string& text,
+                           const ModelFile& modelFile, float clockFrequency) {
+    const bool isBasic = kind == FileKind::Basic;
+    const common::Result<std::string> source =
+        isBasic ? CompileText(file, text, modelFile, clockFrequency)
+                : common::Result<std::string>::Success(text);
+    if (!source) {
+        return ProgramResult::Failure(source.error);
     }
-    common::Result<std::string> text = ReadSource(file);
-    std::string assemblerFile = file;
-    if (text && kind == FileKind::Basic) {
-        text = CompileText(file, *text, modelFile, clockFrequency);
-        assemblerFile = NameBeside(file, ".asm");  // where the compiler would have written it
-    }
-    if (!text) {
-        return ProgramResult::Failure(text.error);
-    }
+    // Errors of compiled text are found where the compiler would have written it.
+    const std::string assemblerFile = isBasic ? NameBeside(file, ".asm") : file;
     const assembler::Assembly assembly =
-        AssembleText(assemblerFile, *text, modelFile, modelFile.model->defaultConfigurationWord);
+        AssembleText(assemblerFile, *source, modelFile, modelFile.model->defaultConfigurationWord);
     if (assembly.errorCount > 0) {
         return ProgramResult::Failure(AssemblyErrors(assemblerFile, assembly));
     }
     return LoadHexText(file, assembly.hex, *modelFile.model);
+}
+
+// The same for a file that somebody else has made, perhaps for another model.
+ProgramResult LoadHexFile(const std::string& file, std::string_view text,
+                          const models::Model& model) {
+    ProgramResult program = LoadHexText(file, text, model);
+    if (program) {
+        if (const auto warning = loader::SkippedWordsMessage(*program, model.name)) {
+            ReportWarning(file, 0, *warning);
+        }
+    }
+    return program;
+}
+
+}  // namespace
+
+ProgramResult ReadHexFile(const std::string& file, const models::Model& model) {
+    const common::Result<std::string> text = common::ReadTextFileOrPipe(file);
+    return text ? LoadHexFile(file, *text, model)
+                : ProgramResult::Failure(ErrorText(file, text.error));
+}
+
+ProgramResult ReadProgram(const ProgramFile& file, const ModelFile& modelFile,
+                          float clockFrequency) {
+    const common::Result<std::string> text = common::ReadTextFileOrPipe(file.name);
+    if (!text) {
+        return ProgramResult::Failure(ErrorText(file.name, text.error));
+    }
+    const FileKind kind = KindOfProgram(file, *text);
+    if (kind == FileKind::Hex) {
+        return LoadHexFile(file.name, *text, *modelFile.model);
+    }
+    if (kind == FileKind::Unknown) {
+        return ProgramResult::Failure(ErrorText(
+            file.name, "It does not begin like Intel HEX; say with --format what it is."));
+    }
+    return text->empty() ? ProgramResult::Failure(ErrorText(file.name, kEmptySource))
+                         : BuildProgram(file.name, kind, *text, modelFile, clockFrequency);
 }
 
 }  // namespace corvane::cli

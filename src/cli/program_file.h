@@ -1,9 +1,11 @@
 // Programs for the simulated chip: Intel HEX files, or sources that are built in memory.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "cli/model_files.h"
+#include "cli/source_file.h"
 #include "common/result.h"
 #include "loader/intel_hex.h"
 
@@ -12,8 +14,13 @@ namespace corvane::cli {
 // The errors are complete.
 common::Result<loader::Program> ReadHexFile(const std::string& file, const models::Model& model);
 
-// A .hex, .asm or .bas file. The clock frequency is in MHz.
-common::Result<loader::Program> ReadProgram(const std::string& file, const ModelFile& modelFile,
+struct ProgramFile {
+    std::string name;
+    std::optional<FileKind> kind;  // as the person says; else the name tells, or the text
+};
+
+// A .hex, .asm or .bas file, or a pipe. The clock frequency is in MHz.
+common::Result<loader::Program> ReadProgram(const ProgramFile& file, const ModelFile& modelFile,
                                             float clockFrequency);
 
 }  // namespace corvane::cli

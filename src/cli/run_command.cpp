@@ -70,6 +70,34 @@ float SecondsSinceMidnight() {
     return static_cast<float>(now.count());
 }
 
+// Words that the data sheets keep from older chips, for which they say what to write instead.
+struct OldInstruction {
+    int word;
+    std::string_view text;
+    std::string_view writtenRegister;
+    int portCount;  // that the chip must have
+};
+constexpr std::array<OldInstruction, 4> kOldInstructions = {{
+    {.word = 0x0062, .text = "OPTION", .writtenRegister = "OPTION_REG", .portCount = 0},
+    {.word = 0x0065, .text = "TRIS PORTA", .writtenRegister = "TRISA", .portCount = 1},
+    {.word = 0x0066, .text = "TRIS PORTB", .writtenRegister = "TRISB", .portCount = 2},
+    {.word = 0x0067, .text = "TRIS PORTC", .writtenRegister = "TRISC", .portCount = 3},
+}};
+
+std::string UnrecognizedWordMessage(const core::Processor& processor) {
+    const int word = processor.state.lastInstruction;
+    const std::string place = " at " + common::Hex4(processor.state.pc) + " is no instruction";
+    const int portCount = models::TraitsOf(processor.model->family).portCount;
+    for (const OldInstruction& old : kOldInstructions) {
+        if (old.word == word && old.portCount <= portCount) {
+            return "The word " + common::Hex4(word) + " (" + std::string(old.text) + ")" + place +
+                   " of this chip's simulation; write " + std::string(old.writtenRegister) +
+                   " instead.";
+        }
+    }
+    return "The word " + common::Hex4(word) + place + ".";
+}
+
 CommandResult ResultOfRun(const RunOptions& options, const core::Processor& processor) {
     const core::ProcessorState& state = processor.state;
     if (!state.stopRequested) {
@@ -77,15 +105,14 @@ CommandResult ResultOfRun(const RunOptions& options, const core::Processor& proc
     }
     if (state.lastInstruction >= 0 &&
         isa::Classify(state.lastInstruction) == isa::Operation::Unrecognized) {
-        return {
-            Ending::ProgramFault,
-            ErrorText(options.program, "The word " + common::Hex4(state.lastInstruction) + " at " +
-                                           common::Hex4(state.pc) + " is no instruction.")};
+        return {Ending::ProgramFault,
+                ErrorText(options.program.name, UnrecognizedWordMessage(processor))};
     }
     if (state.pc >= processor.model->programWords) {
-        return {Ending::ProgramFault,
-                ErrorText(options.program, "The program ran past the end of program memory, to " +
-                                               common::Hex4(state.pc) + ".")};
+        return {
+            Ending::ProgramFault,
+            ErrorText(options.program.name, "The program ran past the end of program memory, to " +
+                                                common::Hex4(state.pc) + ".")};
     }
     return {};
 }
@@ -113,9 +140,19 @@ std::optional<std::string> WriteState(Output& output, const Simulation& simulati
     return error ? error : output.Close();
 }
 
+// The statistics keep out of a result that goes to standard output.
+std::optional<std::string> WriteStatistics(const RunOptions& options,
+                                           const std::string& statistics) {
+    if (options.traceFile != "-" && options.stateFile != "-") {
+        return WriteOutput("-", statistics + "\n");
+    }
+    WriteStandardError(statistics);
+    return std::nullopt;
+}
+
 // Writes every result, even when one cannot be written; returns the errors, one a line.
-std::string WriteResults(RunOutputs& outputs, const Simulation& simulation,
-                         const std::string& statistics) {
+std::string WriteResults(RunOutputs& outputs, const RunOptions& options,
+                         const Simulation& simulation, const std::string& statistics) {
     std::string errors;
     const auto note = [&errors](const std::optional<std::string>& error) {
         if (error && errors != *error) {  // two results may go to the same place
@@ -126,7 +163,7 @@ std::string WriteResults(RunOutputs& outputs, const Simulation& simulation,
         note(outputs.trace->Close());
     }
     if (!statistics.empty()) {
-        note(WriteOutput("-", statistics + "\n"));
+        note(WriteStatistics(options, statistics));
     }
     if (outputs.state) {
         note(WriteState(*outputs.state, simulation));
@@ -151,18 +188,23 @@ CommandResult Simulate(const RunOptions& options, Simulation& simulation) {
         options.quiet ? ""
                       : project::StatisticsMessage(processor.state, startTime,
                                                    SecondsSinceMidnight(), options.clockFrequency);
-    const std::string errors = WriteResults(outputs, simulation, statistics);
+    const std::string errors = WriteResults(outputs, options, simulation, statistics);
     return errors.empty() ? ResultOfRun(options, processor) : Refused(errors);
 }
 
 }  // namespace
 
 CommandResult RunProgram(const RunOptions& options) {
-    if (KindOf(options.program) == FileKind::Unknown) {
-        return WrongUsage(ErrorText(options.program, "The name must end in .hex, .asm or .bas."));
+    const std::string& program = options.program.name;
+    if (!options.program.kind && !IsOfUnnamedKind(program)) {
+        if (const auto error =
+                WrongKind(program, {FileKind::Hex, FileKind::Assembler, FileKind::Basic})) {
+            return WrongUsage(*error);
+        }
     }
-    if (const auto conflict = OutputConflict(std::array{options.program, options.stimulusFile},
-                                             std::array{options.traceFile, options.stateFile})) {
+    if (const auto conflict =
+            OutputConflict(std::array{program, options.stimulusFile, ModelFilePath(options.model)},
+                           std::array{options.traceFile, options.stateFile})) {
         return WrongUsage(*conflict);
     }
     common::Result<Simulation> simulation = PrepareSimulation(options);

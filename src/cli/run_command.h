@@ -6,6 +6,7 @@
 
 #include "cli/command_result.h"
 #include "cli/model_files.h"
+#include "cli/program_file.h"
 #include "cli/run_loop.h"
 
 namespace corvane::cli {
@@ -14,7 +15,7 @@ constexpr int kMaxBreakpoints = 10;
 
 struct RunOptions {
     ModelOptions model;
-    std::string program;  // .hex, .asm or .bas
+    ProgramFile program;  // .hex, .asm or .bas, or a pipe
     RunLimits limits;
     std::vector<int> breakpoints;  // program addresses, kMaxBreakpoints at most
     std::string stimulusFile;      // files are empty when not wanted

@@ -1,5 +1,6 @@
 #include "cli/source_file.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <utility>
 
@@ -10,6 +11,24 @@
 namespace corvane::cli {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+std::string_view SuffixOf(FileKind kind) {
+    switch (kind) {
+        case FileKind::Hex:
+            return ".hex";
+        case FileKind::Assembler:
+            return ".asm";
+        case FileKind::Basic:
+            return ".bas";
+        case FileKind::Unknown:
+            break;
+    }
+    return "";
+}
+
+}  // namespace
 
 FileKind KindOf(const std::string& file) {
     const std::string lower = common::ToLower(file);
@@ -22,13 +41,31 @@ FileKind KindOf(const std::string& file) {
     return lower.ends_with(".bas") ? FileKind::Basic : FileKind::Unknown;
 }
 
+std::optional<std::string> WrongKind(const std::string& file,
+                                     std::initializer_list<FileKind> kinds) {
+    if (std::ranges::find(kinds, KindOf(file)) != kinds.end()) {
+        return std::nullopt;
+    }
+    std::string names;
+    for (const FileKind kind : kinds) {
+        const bool isLast = kind == kinds.end()[-1];
+        names += (names.empty() ? "" : isLast ? " or " : ", ") + std::string(SuffixOf(kind));
+    }
+    return ErrorText(file, "The name must end in " + names + ".");
+}
+
+bool IsOfUnnamedKind(const std::string& file) {
+    std::error_code error;
+    return !fs::path(file).has_extension() || fs::is_fifo(file, error);
+}
+
 common::Result<std::string> ReadSource(const std::string& file) {
     common::Result<std::string> text = common::ReadTextFile(file);
     if (!text) {
         return common::Result<std::string>::Failure(ErrorText(file, text.error));
     }
     if (text->empty()) {
-        return common::Result<std::string>::Failure(ErrorText(file, "The editor is empty."));
+        return common::Result<std::string>::Failure(ErrorText(file, kEmptySource));
     }
     return text;
 }

@@ -23,14 +23,20 @@ assembler::Assembly AssembleText(const std::string& file, std::string_view text,
 std::string AssemblyErrors(const std::string& file, const assembler::Assembly& assembly) {
     std::string errors;
     int lineNumber = 0;
+    int lineCount = 0;
+    auto note = assembly.notes.begin();
     for (const assembler::AsmLine& line : assembly.lines) {
         ++lineNumber;
-        if (line.hasError) {
-            errors += errors.empty() ? "" : "\n";
-            errors += ErrorText(file, lineNumber, line.errorMessage);
+        if (!line.hasError) {
+            continue;
+        }
+        ++lineCount;
+        errors += ErrorText(file, lineNumber, line.errorMessage) + "\n";
+        for (; note != assembly.notes.end() && note->line == lineNumber; ++note) {
+            errors += NoteText(file, lineNumber, note->text) + "\n";
         }
     }
-    return errors;
+    return errors + std::to_string(lineCount) + (lineCount == 1 ? " error" : " errors");
 }
 
 common::Result<std::string> CompileText(const std::string& file, std::string_view text,

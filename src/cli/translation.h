@@ -15,7 +15,7 @@ namespace corvane::cli {
 assembler::Assembly AssembleText(const std::string& file, std::string_view text,
                                  const ModelFile& modelFile, int configurationWord);
 
-// The errors of an assembly in line order, one a line; nothing when there is none.
+// The errors of an assembly that has some, in line order, each with its notes, and their number.
 std::string AssemblyErrors(const std::string& file, const assembler::Assembly& assembly);
 
 // Rewrites the text as the BASIC editor does, and compiles it to assembler text. The clock

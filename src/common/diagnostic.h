@@ -5,7 +5,7 @@
 
 namespace corvane::common {
 
-enum class Severity { Error, Warning };
+enum class Severity { Error, Warning, Note };
 
 struct Diagnostic {
     std::string file{};  // as the person named it; empty from a translator, which reads a text

@@ -96,7 +96,8 @@ std::optional<std::string> FileReplacement::OpenBeside(const fs::file_status& ol
         return LastSystemError();
     }
     // Not every file system has modes; one that has none keeps its own.
-    static_cast<void>(fs::exists(oldFile) && fchmod(file, static_cast<mode_t>(oldFile.permissions())));
+    static_cast<void>(fs::exists(oldFile) &&
+                      fchmod(file, static_cast<mode_t>(oldFile.permissions())));
     file_.reset(fdopen(file, "wb"));
     if (file_) {
         return std::nullopt;
@@ -109,6 +110,9 @@ std::optional<std::string> FileReplacement::OpenBeside(const fs::file_status& ol
 
 std::optional<std::string> FileReplacement::Write(std::string_view text) {
     errno = 0;
+    if (!file_) {
+        return LastSystemError();  // an earlier piece has failed
+    }
     if (std::fwrite(text.data(), 1, text.size(), file_.get()) != text.size()) {
         std::string reason = LastSystemError();
         Drop();
@@ -119,6 +123,9 @@ std::optional<std::string> FileReplacement::Write(std::string_view text) {
 
 std::optional<std::string> FileReplacement::Commit() {
     errno = 0;
+    if (!file_) {
+        return LastSystemError();
+    }
     bool done = std::fflush(file_.get()) == 0;
     // A rename may reach the disk before the text does.
     done = done && (fresh_.empty() || fsync(fileno(file_.get())) == 0);

@@ -14,8 +14,16 @@ char LowerCase(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-bool BeginsCharacter(char c) {
-    return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+bool ContinuesCharacter(char c) {
+    return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
+}
+
+// Of a text that is not empty, in bytes. A byte that begins no whole UTF-8 sequence is a character.
+std::size_t FirstCharacterSize(std::string_view text) {
+    const auto first = static_cast<unsigned char>(text.front());
+    const std::size_t size = first >= 0xF0U ? 4 : first >= 0xE0U ? 3 : first >= 0xC2U ? 2 : 1;
+    const std::string_view rest = text.substr(1, size - 1);
+    return rest.size() == size - 1 && std::ranges::all_of(rest, ContinuesCharacter) ? size : 1;
 }
 
 std::string WithLineEnds(std::string_view text, std::string_view lineEnd) {
@@ -86,17 +94,19 @@ std::string WithLf(std::string_view text) {
 }
 
 std::size_t CharacterCount(std::string_view text) {
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), BeginsCharacter));
+    std::size_t characters = 0;
+    for (; !text.empty(); ++characters) {
+        text.remove_prefix(FirstCharacterSize(text));
+    }
+    return characters;
 }
 
 std::string_view FirstCharacters(std::string_view text, std::size_t count) {
-    std::size_t characters = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (BeginsCharacter(text[i]) && ++characters > count) {
-            return text.substr(0, i);
-        }
+    std::size_t size = 0;
+    for (; count > 0 && size < text.size(); --count) {
+        size += FirstCharacterSize(text.substr(size));
     }
-    return text;
+    return text.substr(0, size);
 }
 
 }  // namespace corvane::common

@@ -28,7 +28,8 @@ std::vector<std::string_view> SplitLines(std::string_view text);
 std::string WithCrLf(std::string_view text);
 std::string WithLf(std::string_view text);
 
-// Characters of a UTF-8 text, and its first ones, at most as many as given here.
+// Characters of a UTF-8 text, and its first ones, at most as many as given here. A byte that is no
+// UTF-8 counts as a character.
 std::size_t CharacterCount(std::string_view text);
 std::string_view FirstCharacters(std::string_view text, std::size_t count);
 

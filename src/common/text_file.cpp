@@ -67,9 +67,8 @@ ReadResult ReadFile(const fs::path& path, int flags, bool pipesToo) {
     if (S_ISDIR(status.st_mode)) {
         return ReadResult::Failure(std::make_error_code(std::errc::is_a_directory).message());
     }
-    return IsReadable(status, file.Number(), pipesToo)
-               ? ReadToEnd(file.Number())
-               : ReadResult::Failure("Not a regular file");
+    return IsReadable(status, file.Number(), pipesToo) ? ReadToEnd(file.Number())
+                                                       : ReadResult::Failure("Not a regular file");
 }
 
 }  // namespace

@@ -16,6 +16,7 @@ constexpr Error kNoError;
 
 constexpr std::size_t kShortestRecord = 11;  // ":", count, address, type and checksum
 constexpr int kLargestWord = 0x3FFF;
+constexpr std::int64_t kLargestProgramMemory = 0x2000;  // words; the program counter has 13 bits
 
 constexpr int kDataRecord = 0x00;
 constexpr int kEndRecord = 0x01;
@@ -95,6 +96,9 @@ Error ReadDataRecord(const Record& record, Reader& reader) {
     const std::int64_t end = start + record.byteCount / 2;
     // ID locations, configuration word and EEPROM image lie beyond program memory.
     if (end > static_cast<std::int64_t>(program.words.size())) {
+        const auto size = static_cast<std::int64_t>(program.words.size());
+        const std::int64_t beyond = std::min(end, kLargestProgramMemory) - std::max(start, size);
+        program.skippedWords += static_cast<int>(std::max<std::int64_t>(beyond, 0));
         return kNoError;
     }
     program.loadedWords = std::max(program.loadedWords, static_cast<int>(end));
@@ -168,6 +172,17 @@ common::Result<Program, HexError> ReadIntelHex(std::string_view text, int progra
         }
     }
     return ReadResult::Success(std::move(reader.program));
+}
+
+std::optional<std::string> SkippedWordsMessage(const Program& program, std::string_view modelName) {
+    if (program.skippedWords == 0) {
+        return std::nullopt;
+    }
+    const bool isOne = program.skippedWords == 1;
+    return std::to_string(program.skippedWords) + (isOne ? " word at " : " words at ") +
+           common::Hex4(static_cast<int>(program.words.size())) + " and beyond " +
+           (isOne ? "does" : "do") + " not fit " + std::string(modelName) + " and " +
+           (isOne ? "was" : "were") + " skipped.";
 }
 
 std::string LoadedMessage(int loadedWords) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,6 +15,7 @@ struct Program {
     std::vector<std::uint16_t> words;  // as many as program memory has, 0 where the file is silent
     std::vector<bool> isWritten;       // by address: a record wrote the word
     int loadedWords = 0;               // one past the highest address that a record wrote
+    int skippedWords = 0;              // program words beyond this memory, below 2000h
 };
 
 struct HexError {
@@ -24,6 +26,10 @@ struct HexError {
 // Reads a file's text into a program memory of this many words. Records beyond it (configuration
 // word, ID locations, EEPROM) are skipped; reading stops at the end record or at the first error.
 common::Result<Program, HexError> ReadIntelHex(std::string_view text, int programWords);
+
+// What is told of skipped words: "3 words at 0400 and beyond do not fit PIC16F84 and were
+// skipped.". Nothing when there are none.
+std::optional<std::string> SkippedWordsMessage(const Program& program, std::string_view modelName);
 
 // "Operation completed.", CR LF and "Total N (KK) program words loaded.".
 std::string LoadedMessage(int loadedWords);

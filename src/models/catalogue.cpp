@@ -83,6 +83,30 @@ std::optional<int> FindModel(std::string_view name) {
     return std::nullopt;
 }
 
+std::optional<NamedModel> FindModelAsWritten(std::string_view name) {
+    constexpr std::string_view kPrefix = "PIC";
+    std::string full = common::ToUpper(name);
+    if (!full.starts_with(kPrefix)) {
+        full.insert(0, kPrefix);
+    }
+    if (const std::optional<int> row = FindModel(full)) {
+        return NamedModel{*row, ""};
+    }
+    if (!full.ends_with('A')) {
+        return std::nullopt;
+    }
+    const std::optional<int> row = FindModel(full.substr(0, full.size() - 1));
+    if (!row) {
+        return std::nullopt;
+    }
+    const Model& model = kModelCatalogue[static_cast<std::size_t>(*row)];
+    if (model.laterVersion.empty()) {
+        return std::nullopt;
+    }
+    return NamedModel{*row, full + " runs as " + std::string(model.name) + ": " +
+                                std::string(model.laterVersion)};
+}
+
 const FamilyTraits& TraitsOf(ModelFamily family) {
     switch (family) {
         case ModelFamily::Pic16F8x:

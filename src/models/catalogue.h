@@ -18,49 +18,66 @@ struct Model {
     int eepromBytes;
     int defaultConfigurationWord;
     ModelFamily family;
+    std::string_view laterVersion;  // what the chip with an A behind the name has more; empty: none
 };
+
+// From the data sheets of the later versions, "Migration" or "Device Differences".
+constexpr std::string_view kNoDifference = "a program sees no difference.";
+constexpr std::string_view kWithComparators =
+    "its comparators and voltage reference (CMCON, CVRCON), the conversion clock bit ADCON1.ADCS2 "
+    "and program memory writes of four words are left out.";
+constexpr std::string_view kOtherOscillators =
+    "only the RC and internal oscillators differ, which a program does not see.";
 
 inline constexpr auto kModelCatalogue = std::to_array<Model>({
     {.name = "PIC16F83",
      .programWords = 512,
      .eepromBytes = 64,
      .defaultConfigurationWord = 0x3FF1,
-     .family = ModelFamily::Pic16F8x},
+     .family = ModelFamily::Pic16F8x,
+     .laterVersion = ""},
     {.name = "PIC16F84",
      .programWords = 1024,
      .eepromBytes = 64,
      .defaultConfigurationWord = 0x3FF1,
-     .family = ModelFamily::Pic16F8x},
+     .family = ModelFamily::Pic16F8x,
+     .laterVersion = kNoDifference},
     {.name = "PIC16F873",
      .programWords = 4096,
      .eepromBytes = 128,
      .defaultConfigurationWord = 0x3D71,
-     .family = ModelFamily::Pic16F87x28},
+     .family = ModelFamily::Pic16F87x28,
+     .laterVersion = kWithComparators},
     {.name = "PIC16F874",
      .programWords = 4096,
      .eepromBytes = 128,
      .defaultConfigurationWord = 0x3D71,
-     .family = ModelFamily::Pic16F87x40},
+     .family = ModelFamily::Pic16F87x40,
+     .laterVersion = kWithComparators},
     {.name = "PIC16F876",
      .programWords = 8192,
      .eepromBytes = 256,
      .defaultConfigurationWord = 0x3D71,
-     .family = ModelFamily::Pic16F87x28},
+     .family = ModelFamily::Pic16F87x28,
+     .laterVersion = kWithComparators},
     {.name = "PIC16F877",
      .programWords = 8192,
      .eepromBytes = 256,
      .defaultConfigurationWord = 0x3D71,
-     .family = ModelFamily::Pic16F87x40},
+     .family = ModelFamily::Pic16F87x40,
+     .laterVersion = kWithComparators},
     {.name = "PIC16F627",
      .programWords = 1024,
      .eepromBytes = 128,
      .defaultConfigurationWord = 0x3F50,
-     .family = ModelFamily::Pic16F62x},
+     .family = ModelFamily::Pic16F62x,
+     .laterVersion = kOtherOscillators},
     {.name = "PIC16F628",
      .programWords = 2048,
      .eepromBytes = 128,
      .defaultConfigurationWord = 0x3F50,
-     .family = ModelFamily::Pic16F62x},
+     .family = ModelFamily::Pic16F62x,
+     .laterVersion = kOtherOscillators},
 });
 constexpr int kModelCount = static_cast<int>(kModelCatalogue.size());
 
@@ -69,6 +86,16 @@ constexpr int kDefaultModel = 1;  // PIC16F84
 
 // The row with this name, in upper or lower case.
 std::optional<int> FindModel(std::string_view name);
+
+// A model under the name that a person or another tool gives it.
+struct NamedModel {
+    int row;
+    std::string warning;  // what the chip of this name has that its model has not, or nothing
+};
+
+// The same for names as people write them: "16F84", "pic16f877a". A later version of a chip runs as
+// the model that it replaces.
+std::optional<NamedModel> FindModelAsWritten(std::string_view name);
 
 // An I/O pin: "RB7" is {1, 7}.
 struct Pin {

@@ -45,7 +45,7 @@ class Files(CliCase):
         self.write("a.asm", PROGRAM)
         self.write("s", "")
         os.mkfifo(self.folder / "pipe.asm")
-        for link, target in [("mem.hex", "/proc/self/mem"), ("mem.asm", "/proc/self/mem"),
+        for link, target in [("mem.hex", "/proc/self/mem"), ("m.asm", "/proc/self/mem"),
                              ("zero.asm", "/dev/zero"), ("zero.hex", "/dev/zero"),
                              ("pic16f84.cfg", "/proc/self/mem")]:
             os.symlink(target, self.folder / link)
@@ -53,7 +53,7 @@ class Files(CliCase):
         for arguments, error in [
             (["run", "mem.hex"], f"mem.hex: {unreadable}"), (["run", "zero.hex"], f"zero.hex: {no_file}"),
             (["disassemble", "mem.hex"], f"mem.hex: {unreadable}"),
-            (["assemble", "mem.asm"], f"mem.asm: {unreadable}"),
+            (["assemble", "m.asm", "-o", "-"], f"m.asm: {unreadable}"),
             (["assemble", "zero.asm"], f"zero.asm: {no_file}"),
             (["assemble", "pipe.asm"], f"pipe.asm: {no_file}"),
             (["run", "a.asm", "-s", "mem.hex"], f"mem.hex: {unreadable}"),
@@ -66,8 +66,8 @@ class Files(CliCase):
         self.write("a.bas", "dim a as byte")
         for arguments in (["--help"], ["--version"], ["models"], ["format", "a.bas"],
                           ["assemble", "a.asm", "-l", "/dev/null", "-o", "-"],
-                          ["run", "a.asm", "-n", 9], ["run", "a.asm", "-n", 9, "-t", "-"],
-                          ["run", "a.asm", "-q", "-t", "-"],
+                          ["run", "a.asm", "-n", 9],
+                          ["run", "a.asm", "-n", 9, "-q", "-t", "-"],
                           ["run", "a.asm", "-n", 9, "-q", "--state", "-"]):
             with open("/dev/full", "w", encoding="ascii") as full:
                 reader, writer = os.pipe()
@@ -82,10 +82,13 @@ class Files(CliCase):
 
 class Contents(CliCase):
     def test_lines_of_a_megabyte_are_errors(self):
-        for source, error in [(" GOTO ", "1: error: Invalid argument of the instruction."),
-                              ("", "1: error: Labels can't be longer than 32 characters.")]:
+        for source, error in [
+            (" GOTO ", "1: error: Invalid argument of the instruction.\n"
+                       f"a.asm:1: note: '{32 * 'X'}' is no number and no defined name."),
+            ("", "1: error: Labels can't be longer than 32 characters."),
+        ]:
             self.write("a.asm", source + 1_000_000 * "x")
-            self.cli("run", "a.asm", status=REFUSED, errors=f"a.asm:{error}")
+            self.cli("run", "a.asm", status=REFUSED, errors=f"a.asm:{error}\n1 error")
         self.write("a.hex", ":" + "A" * 1_000_000)
         self.cli("run", "a.hex", status=REFUSED,
                  errors="a.hex:1: error: Invalid 'checksum' field in the record.")
