@@ -50,7 +50,7 @@ _corvane_cli() {
         compile) _corvane_cli_arguments "$general -o --output --clock" bas ;;
         format) _corvane_cli_arguments "$general -i --in-place" bas ;;
         build) _corvane_cli_arguments "$general -o --output --config --clock" '@(asm|bas)' ;;
-        check) _corvane_cli_arguments "$general --rules --clock" '@(asm|bas|hex)' ;;
+        check) _corvane_cli_arguments "$general --rules --no-source --clock" '@(asm|bas|hex)' ;;
         disassemble) _corvane_cli_arguments "$general -o --output --no-opcodes" hex ;;
         run)
             _corvane_cli_arguments "$general --format -n --steps -c --cycles -b --break -s --stimulus

@@ -26,7 +26,7 @@ KnownByte RegisterContent(int f, int address, const ChipState& state) {
         case kPclath:
             return state.pclath;
         case kIntcon:
-            return state.canInterrupt ? KnownByte{} : KnownBits(kGie, 0);
+            return KnownBits((state.gie ? 0 : kGie) | (state.enables ? 0 : kEnables), 0);
         default:
             return {};
     }
@@ -80,6 +80,13 @@ KnownByte LiteralResult(Operation operation, KnownByte w, int literal) {
     }
 }
 
+void WriteIntcon(KnownByte content, bool mayRestoreGie, ChipState& state) {
+    const bool isGieKnown = (content.known & kGie) != 0;
+    state.byReturn = !isGieKnown && state.byReturn;
+    state.gie = isGieKnown ? (content.value & kGie) != 0 : state.gie || mayRestoreGie;
+    state.enables = (content.value & kEnables) != 0 || (content.known & kEnables) != kEnables;
+}
+
 void Write(int f, KnownByte content, bool mayRestoreGie, Step& step) {
     switch (f) {
         case kPcl:
@@ -93,9 +100,7 @@ void Write(int f, KnownByte content, bool mayRestoreGie, Step& step) {
             step.next.pclath = And(content, Known(kPclathBits));
             break;
         case kIntcon:
-            step.next.canInterrupt = (content.known & kGie) != 0
-                                         ? (content.value & kGie) != 0
-                                         : step.next.canInterrupt || mayRestoreGie;
+            WriteIntcon(content, mayRestoreGie, step.next);
             break;
         default:
             break;
@@ -169,7 +174,8 @@ void StepOverControl(Operation operation, int word, Step& step) {
             step.flow = Flow::Goto;
             break;
         case Operation::Retfie:
-            step.next.canInterrupt = true;
+            step.next.byReturn = !step.next.gie || step.next.byReturn;
+            step.next.gie = true;
             step.flow = Flow::Return;
             break;
         case Operation::Return:

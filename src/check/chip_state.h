@@ -17,6 +17,7 @@ constexpr int kIntcon = 0x0B;
 constexpr int kBankBit = 5;  // of STATUS: RP0, then RP1
 constexpr int kBankBits = 3 << kBankBit;
 constexpr int kGie = 0x80;         // of INTCON
+constexpr int kEnables = 0x78;     // of INTCON: the four that enable one or several interrupts
 constexpr int kPageBits = 0x18;    // of PCLATH: they select GOTO's and CALL's page
 constexpr int kPclathBits = 0x1F;  // those that PCLATH has
 constexpr int kPageWords = 2048;
@@ -25,9 +26,14 @@ constexpr int kBlockWords = 256;  // that a jump by writing PCL stays in
 struct ChipState {
     KnownByte w;
     KnownByte pclath;
-    KnownByte bank;             // RP0 and RP1 at their places in STATUS; no other bit is known
-    bool canInterrupt = false;  // GIE may be set
-    bool inInterrupt = false;   // this is the interrupt routine
+    KnownByte bank;            // RP0 and RP1 at their places in STATUS; no other bit is known
+    bool gie = false;          // GIE may be set
+    bool byReturn = false;     // only a RETFIE has set it, which may belong to a shared routine
+    bool enables = false;      // one of the interrupts may be enabled in INTCON
+    bool inInterrupt = false;  // this is the interrupt routine
+
+    // After a RETFIE only where an interrupt is enabled, else wherever the program sets GIE.
+    bool CanInterrupt() const { return gie && (enables || !byReturn); }
 
     bool operator==(const ChipState&) const = default;
 };

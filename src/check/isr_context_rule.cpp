@@ -127,7 +127,7 @@ std::uint32_t Victim(const Subject& subject, const std::vector<Resources>& live,
                      const Ending& ending) {
     for (std::size_t i = 0; i < live.size(); ++i) {
         const ChipState& state = subject.paths.places[i].state;
-        if ((live[i] & resource) != 0 && state.canInterrupt && !state.inInterrupt &&
+        if ((live[i] & resource) != 0 && state.CanInterrupt() && !state.inInterrupt &&
             Differs(resource, state, ending.state)) {
             return static_cast<std::uint32_t>(i);
         }

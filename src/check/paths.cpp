@@ -37,7 +37,7 @@ struct PlaceHash {
 };
 
 PlaceKey KeyOf(std::uint32_t routine, int address, const ChipState& state) {
-    std::uint64_t packed = static_cast<std::uint64_t>(address);
+    auto packed = static_cast<std::uint64_t>(address);
     const auto add = [&packed](int bits, int value) {
         packed = (packed << static_cast<unsigned>(bits)) | static_cast<std::uint64_t>(value);
     };
@@ -47,7 +47,9 @@ PlaceKey KeyOf(std::uint32_t routine, int address, const ChipState& state) {
     }
     add(2, state.bank.known >> kBankBit);
     add(2, state.bank.value >> kBankBit);
-    add(1, state.canInterrupt ? 1 : 0);
+    add(1, state.gie ? 1 : 0);
+    add(1, state.byReturn ? 1 : 0);
+    add(1, state.enables ? 1 : 0);
     add(1, state.inInterrupt ? 1 : 0);
     return {packed, routine};
 }
@@ -338,7 +340,7 @@ class Explorer {
                 return Bits(paths_.places[other].state.pclath, pclathBits) ==
                        Bits(state.pclath, pclathBits);
             });
-            if (state.canInterrupt && isNew) {
+            if (state.CanInterrupt() && isNew) {
                 found.push_back(static_cast<std::uint32_t>(i));
             }
         }
@@ -352,6 +354,7 @@ class Explorer {
         }
         ChipState state;
         state.pclath = Bits(paths_.places[place].state.pclath, pclathBits);
+        state.enables = true;
         state.inInterrupt = true;
         paths_.interrupts.push_back(AddRoutine(kInterruptVector, state, place));
     }

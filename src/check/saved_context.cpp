@@ -50,8 +50,8 @@ bool MayBeSame(int first, int second) {
 
 class Executing {
   public:
-    Executing(const Context& before, int address, const ChipState& state)
-        : context_(before), address_(address), state_(state) {}
+    Executing(Context before, int address, const ChipState& state)
+        : context_(std::move(before)), address_(address), state_(state) {}
 
     Context Execute(int word) {
         const Operation operation = isa::Classify(word);

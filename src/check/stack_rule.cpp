@@ -60,6 +60,7 @@ class CallTree {
                 nextCall.push_back(0);
             }
         }
+        std::reverse(order.begin(), order.end());
         Measure(order);
         return cycles;
     }
@@ -91,13 +92,13 @@ class CallTree {
         });
     }
 
-    // The order has each routine behind those that it calls.
+    // The order has each routine before those that it calls.
     void Measure(const std::vector<std::uint32_t>& order) {
-        for (auto routine = order.rbegin(); routine != order.rend(); ++routine) {
-            for (const Call& call : calls_[*routine]) {
-                if (depths_[call.routine] < depths_[*routine] + 1 &&
+        for (const std::uint32_t routine : order) {
+            for (const Call& call : calls_[routine]) {
+                if (depths_[call.routine] < depths_[routine] + 1 &&
                     !backCalls_.contains(paths_.places[call.place].address)) {
-                    depths_[call.routine] = depths_[*routine] + 1;
+                    depths_[call.routine] = depths_[routine] + 1;
                     calledBy_[call.routine] = call.place;
                 }
             }
@@ -122,22 +123,24 @@ std::vector<Note> CallNotes(const Paths& paths, const std::vector<std::uint32_t>
     return notes;
 }
 
-// Each subroutine that is entered again is told once, whichever way leads into the cycle.
+// Each subroutine that is entered again is told once, whichever way leads into the cycle, and so
+// are those that stand in the cycle with it.
 void TellCycles(const Paths& paths, const std::vector<std::vector<Call>>& cycles,
-                FindingList& findings, std::set<std::set<int>>& told) {
+                FindingList& findings, std::set<int>& told) {
     for (const std::vector<Call>& cycle : cycles) {
-        std::set<int> entries;
         std::vector<std::uint32_t> calls;
         for (const Call& call : cycle) {
-            entries.insert(paths.places[paths.routines[call.routine].entry].address);
             calls.push_back(call.place);
         }
-        if (told.insert(entries).second) {
-            const Place& target = paths.places[paths.routines[cycle.back().routine].entry];
+        const Place& target = paths.places[paths.routines[cycle.back().routine].entry];
+        if (!told.contains(target.address)) {
             findings.push_back({Rule::Stack, paths.places[cycle.back().place].address,
                                 "The subroutine at " + common::Hex4(target.address) +
                                     " can be called again before it has returned.",
                                 CallNotes(paths, calls)});
+        }
+        for (const Call& call : cycle) {
+            told.insert(paths.places[paths.routines[call.routine].entry].address);
         }
     }
 }
@@ -178,7 +181,7 @@ std::uint32_t Deepest(const Paths& paths, const CallTree& tree, Condition applie
 // The most calls that are open when an interrupt can come, together with those of its routine.
 void TellDeepInterrupt(const Paths& paths, const CallTree& tree, FindingList& findings) {
     const std::uint32_t main = Deepest(paths, tree, [](const ChipState& state) {
-        return state.canInterrupt && !state.inInterrupt;
+        return state.CanInterrupt() && !state.inInterrupt;
     });
     const std::uint32_t interrupt =
         Deepest(paths, tree, [](const ChipState& state) { return state.inInterrupt; });
@@ -214,7 +217,7 @@ void FindStackFaults(const Subject& subject, FindingList& findings) {
         return;
     }
     CallTree tree(paths);
-    std::set<std::set<int>> told;
+    std::set<int> told;
     TellCycles(paths, tree.Descend(0), findings, told);
     for (const std::uint32_t interrupt : paths.interrupts) {
         TellCycles(paths, tree.Descend(interrupt), findings, told);

@@ -64,7 +64,7 @@ bool IsIgnored(std::string_view line, check::Rule rule) {
 // Writes findings as a person reads them.
 class Report {
   public:
-    Report(std::string file, const CheckedProgram& checked)
+    Report(std::string file, const project::SourcedProgram& checked)
         : file_(std::move(file)), checked_(checked) {}
 
     void Add(const check::Finding& finding) {
@@ -84,23 +84,24 @@ class Report {
 
   private:
     void AddLine(int address, std::string_view severity, std::string_view text) {
-        const std::optional<SourceLine>& line = checked_.lines[static_cast<std::size_t>(address)];
+        const std::optional<project::SourceLine>& line =
+            checked_.lines[static_cast<std::size_t>(address)];
         text_ += line ? line->file + ":" + std::to_string(line->number)
                       : file_ + ":" + common::Hex4(address);
         text_.append(": ").append(severity).append(": ").append(text).append("\n");
     }
 
     std::string file_;
-    const CheckedProgram& checked_;
+    const project::SourcedProgram& checked_;
     std::string text_;
     bool hasWarnings_ = false;
 };
 
-CommandResult WriteReport(const std::string& file, const CheckedProgram& checked,
+CommandResult WriteReport(const std::string& file, const project::SourcedProgram& checked,
                           const check::Findings& findings, const RuleSet& rules) {
     Report report(file, checked);
     for (const check::Finding& finding : findings.list) {
-        const std::optional<SourceLine>& line =
+        const std::optional<project::SourceLine>& line =
             checked.lines[static_cast<std::size_t>(finding.address)];
         if (rules.test(IndexOf(finding.rule)) && !(line && IsIgnored(line->text, finding.rule))) {
             report.Add(finding);
@@ -131,8 +132,11 @@ CommandResult CheckProgram(const CheckOptions& options) {
     if (!modelFile) {
         return Refused(modelFile.error);
     }
-    const common::Result<CheckedProgram> checked =
-        ReadCheckedProgram(options.program, *modelFile, options.clockFrequency);
+    const common::Result<project::SourcedProgram> checked =
+        ReadCheckedProgram({.name = options.program,
+                            .withoutSource = options.withoutSource,
+                            .clockFrequency = options.clockFrequency},
+                           *modelFile);
     if (!checked) {
         return Refused(checked.error);
     }

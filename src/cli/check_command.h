@@ -12,6 +12,7 @@ struct CheckOptions {
     ModelOptions model;
     std::string program;  // .hex, .asm or .bas
     std::string rules;    // names separated by commas, or "all"; empty: all that are warnings
+    bool withoutSource = false;   // of a .hex file: what lies beside it is not looked at
     float clockFrequency = 4.0F;  // MHz
 };
 

@@ -1,93 +1,28 @@
 #include "cli/checked_program.h"
 
-#include <cctype>
-#include <cstddef>
+#include <filesystem>
+#include <optional>
 #include <utility>
 
+#include "basic/compiler.h"
+#include "basic/editor_form.h"
 #include "cli/program_file.h"
 #include "cli/source_file.h"
 #include "cli/translation.h"
-#include "common/text.h"
-#include "isa/instruction_set.h"
+#include "common/text_file.h"
+#include "models/symbol_lines.h"
 
 namespace corvane::cli {
 
+namespace fs = std::filesystem;
+
 namespace {
 
-using ReadResult = common::Result<CheckedProgram>;
+using project::SourcedProgram;
+using ReadResult = common::Result<SourcedProgram>;
 
-CheckedProgram EmptyProgram(int programWords) {
-    const auto size = static_cast<std::size_t>(programWords);
-    CheckedProgram result;
-    result.program.words.resize(size);
-    result.program.isProgrammed.resize(size);
-    result.program.operands.resize(size);
-    result.lines.resize(size);
-    return result;
-}
-
-bool IsName(std::string_view operand) {
-    const char first = operand.empty() ? '0' : operand.front();
-    return first == '_' || std::isalpha(static_cast<unsigned char>(first)) != 0;
-}
-
-bool NamesLabel(int word) {
-    const isa::Operation operation = isa::Classify(word);
-    return operation == isa::Operation::Goto || operation == isa::Operation::Call;
-}
-
-ReadResult FromHex(const std::string& file, const models::Model& model) {
-    common::Result<loader::Program> program = ReadHexFile(file, model);
-    if (!program) {
-        return ReadResult::Failure(program.error);
-    }
-    CheckedProgram result = EmptyProgram(model.programWords);
-    result.program.words = std::move(program->words);
-    result.program.isProgrammed = std::move(program->isWritten);
-    return ReadResult::Success(std::move(result));
-}
-
-// Of lines with the same address the last one counts. The compiler's text selects its banks itself
-// and names addresses by numbers, so that only its labels say what is meant.
-CheckedProgram FromAssembly(const assembler::Assembly& assembly, int programWords,
-                            bool isCompiled) {
-    CheckedProgram result = EmptyProgram(programWords);
-    for (const assembler::AsmLine& line : assembly.lines) {
-        if (!line.opcode || line.address >= programWords) {
-            continue;
-        }
-        const auto address = static_cast<std::size_t>(line.address);
-        result.program.words[address] = static_cast<std::uint16_t>(*line.opcode);
-        result.program.isProgrammed[address] = true;
-        result.program.operands[address].reset();
-        if (IsName(line.operand1) && (!isCompiled || NamesLabel(*line.opcode))) {
-            result.program.operands[address] = {line.operand1, line.value1};
-        }
-    }
-    return result;
-}
-
-void AddLines(const std::string& file, std::string_view text, const assembler::Assembly& assembly,
-              CheckedProgram& result) {
-    const std::vector<std::string_view> texts = common::SplitLines(text);
-    for (std::size_t i = 0; i < assembly.lines.size(); ++i) {
-        const assembler::AsmLine& line = assembly.lines[i];
-        if (line.opcode && static_cast<std::size_t>(line.address) < result.lines.size()) {
-            result.lines[static_cast<std::size_t>(line.address)] = {file, static_cast<int>(i) + 1,
-                                                                    std::string(texts[i])};
-        }
-    }
-}
-
-}  // namespace
-
-ReadResult ReadCheckedProgram(const std::string& file, const ModelFile& modelFile,
-                              float clockFrequency) {
-    const models::Model& model = *modelFile.model;
-    const FileKind kind = KindOf(file);
-    if (kind == FileKind::Hex) {
-        return FromHex(file, model);
-    }
+ReadResult FromSource(const std::string& file, FileKind kind, const ModelFile& modelFile,
+                      float clockFrequency) {
     common::Result<std::string> text = ReadSource(file);
     std::string assemblerFile = file;
     if (text && kind == FileKind::Basic) {
@@ -97,16 +32,94 @@ ReadResult ReadCheckedProgram(const std::string& file, const ModelFile& modelFil
     if (!text) {
         return ReadResult::Failure(text.error);
     }
+    const models::Model& model = *modelFile.model;
     const assembler::Assembly assembly =
         AssembleText(assemblerFile, *text, modelFile, model.defaultConfigurationWord);
     if (assembly.errorCount > 0) {
         return ReadResult::Failure(AssemblyErrors(assemblerFile, assembly));
     }
-    CheckedProgram result = FromAssembly(assembly, model.programWords, kind == FileKind::Basic);
-    if (kind == FileKind::Assembler) {
-        AddLines(file, *text, assembly, result);
+    return ReadResult::Success(
+        kind == FileKind::Basic ? project::FromCompiledAssembly(assembly, model.programWords)
+                                : project::FromAssembly(assembly, *text, file, model.programWords));
+}
+
+std::optional<SourcedProgram> FromCodBeside(const fs::path& path, const SourcedProgram& words) {
+    const auto bytes = common::ReadTextFile(path);
+    if (!bytes) {
+        return std::nullopt;
     }
-    return ReadResult::Success(std::move(result));
+    const auto cod = project::ReadCodFile(*bytes);
+    if (!cod) {
+        return std::nullopt;
+    }
+    const fs::path folder = path.parent_path();
+    const int programWords = static_cast<int>(words.program.words.size());
+    SourcedProgram source =
+        project::FromCod(*cod, folder, programWords,
+                         [&folder](const std::string& file) { return (folder / file).string(); });
+    return project::HaveSameWords(source.program, words.program) ? std::optional(std::move(source))
+                                                                 : std::nullopt;
+}
+
+// Without a word about what is wrong with it: a source that does not build is none of the
+// program's.
+std::optional<SourcedProgram> FromSourceBeside(const fs::path& path, const SourcedProgram& words,
+                                               const ModelFile& modelFile, float clockFrequency) {
+    auto text = common::ReadTextFile(path);
+    if (!text) {
+        return std::nullopt;
+    }
+    const models::Model& model = *modelFile.model;
+    const bool isBasic = KindOf(path.string()) == FileKind::Basic;
+    if (isBasic) {
+        const models::ModelDescription& description = modelFile.description;
+        auto compilation =
+            basic::Compile(basic::RewriteText(*text, basic::EditorKeywords(description)), model,
+                           description, clockFrequency);
+        if (!compilation) {
+            return std::nullopt;
+        }
+        *text = std::move(compilation->assembler);
+    }
+    const assembler::Assembly assembly = assembler::Assemble(
+        *text, models::ReadSymbolLines(modelFile.description.asmSymbolLines).symbols,
+        model.defaultConfigurationWord);
+    const auto image = loader::ReadIntelHex(assembly.hex, model.programWords);
+    if (assembly.errorCount > 0 || !image ||
+        !project::HaveSameWords(project::FromImage(*image).program, words.program)) {
+        return std::nullopt;
+    }
+    return isBasic ? project::FromCompiledAssembly(assembly, model.programWords)
+                   : project::FromAssembly(assembly, *text, path.string(), model.programWords);
+}
+
+ReadResult FromHex(const CheckedFile& file, const ModelFile& modelFile) {
+    const common::Result<loader::Program> image = ReadHexFile(file.name, *modelFile.model);
+    if (!image) {
+        return ReadResult::Failure(image.error);
+    }
+    SourcedProgram words = project::FromImage(*image);
+    for (const char* extension : {".cod", ".bas", ".asm"}) {
+        const fs::path path = fs::path(file.name).replace_extension(extension);
+        std::optional<SourcedProgram> source;
+        if (!file.withoutSource) {
+            source = path.extension() == ".cod"
+                         ? FromCodBeside(path, words)
+                         : FromSourceBeside(path, words, modelFile, file.clockFrequency);
+        }
+        if (source) {
+            return ReadResult::Success(*std::move(source));
+        }
+    }
+    return ReadResult::Success(std::move(words));
+}
+
+}  // namespace
+
+ReadResult ReadCheckedProgram(const CheckedFile& file, const ModelFile& modelFile) {
+    const FileKind kind = KindOf(file.name);
+    return kind == FileKind::Hex ? FromHex(file, modelFile)
+                                 : FromSource(file.name, kind, modelFile, file.clockFrequency);
 }
 
 }  // namespace corvane::cli

@@ -1,29 +1,23 @@
-// A program as the check needs it: its words, and what its source says about them.
+// Reading a program together with its source, for the check.
 #pragma once
 
-#include <optional>
 #include <string>
-#include <vector>
 
-#include "check/check.h"
 #include "cli/model_files.h"
 #include "common/result.h"
+#include "project/sourced_program.h"
 
 namespace corvane::cli {
 
-struct SourceLine {
-    std::string file;  // as messages name it
-    int number = 0;    // from 1
-    std::string text;
+struct CheckedFile {
+    std::string name;             // .hex, .asm or .bas
+    bool withoutSource = false;   // of a .hex file: what lies beside it is not looked at
+    float clockFrequency = 4.0F;  // MHz, for which BASIC is compiled
 };
 
-struct CheckedProgram {
-    check::Program program;
-    std::vector<std::optional<SourceLine>> lines;  // by address of the word that a line made
-};
-
-// A .hex, .asm or .bas file. The clock frequency is in MHz. The error is complete.
-common::Result<CheckedProgram> ReadCheckedProgram(const std::string& file,
-                                                  const ModelFile& modelFile, float clockFrequency);
+// The source of a .hex file is what lies beside it with the same name and makes the same words:
+// its .cod file, else the .bas, else the .asm file. The error is complete.
+common::Result<project::SourcedProgram> ReadCheckedProgram(const CheckedFile& file,
+                                                           const ModelFile& modelFile);
 
 }  // namespace corvane::cli

@@ -212,6 +212,8 @@ void AddCheck(CommandLine& line) {
                            "unreachable, separated by commas, or all; the last one is not told "
                            "otherwise")
                 ->type_name("LIST");
+            app.add_flag("--no-source", options.withoutSource,
+                         "Do not look for the source of a .hex file beside it");
             AddClock(app, options.clockFrequency);
         },
         CheckProgram);

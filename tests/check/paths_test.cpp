@@ -123,7 +123,7 @@ class Walk {
             return place->state.w.CanBe(state.w) &&
                    place->state.pclath.CanBe(state.dataMemory[kPclath]) &&
                    place->state.bank.CanBe(state.dataMemory[kStatus]) &&
-                   (place->state.canInterrupt || place->state.inInterrupt ||
+                   (place->state.gie || place->state.inInterrupt ||
                     (state.dataMemory[kIntcon] & kGie) == 0);
         });
         EXPECT_TRUE(isFound) << "pc " << std::hex << state.pc << " W " << state.w << " STATUS "

@@ -9,7 +9,7 @@ import unittest
 
 CLI = os.environ["CORVANE_CLI"]
 SOURCE = pathlib.Path(os.environ["CORVANE_SOURCE"])
-DONE, REFUSED, WRONG_USAGE, PROGRAM_FAULT, INTERRUPTED = range(5)
+DONE, REFUSED, WRONG_USAGE, PROGRAM_FAULT, INTERRUPTED, FAILED = range(6)
 
 
 class CliCase(unittest.TestCase):
