@@ -32,6 +32,10 @@ _corvane_cli() {
             mapfile -t COMPREPLY < <(compgen -W "hex asm bas" -- "$current")
             return
             ;;
+        --assembler)
+            mapfile -t COMPREPLY < <(compgen -W "corvane gpasm" -- "$current")
+            return
+            ;;
         --rules)
             local rules="bank page table stack runs-off isr-context unreachable all"
             mapfile -t COMPREPLY < <(compgen -W "$rules" -- "$current")
@@ -43,17 +47,18 @@ _corvane_cli() {
     esac
 
     local general="-m --model --model-dir --help"
+    local assembler="--assembler --assembler-option"
     case $command in
         "") mapfile -t COMPREPLY < <(compgen -W "$commands --help --version" -- "$current") ;;
         models) mapfile -t COMPREPLY < <(compgen -W "$general" -- "$current") ;;
-        assemble) _corvane_cli_arguments "$general -o --output -l --listing --config" asm ;;
+        assemble) _corvane_cli_arguments "$general $assembler -o --output -l --listing --config" asm ;;
         compile) _corvane_cli_arguments "$general -o --output --clock" bas ;;
         format) _corvane_cli_arguments "$general -i --in-place" bas ;;
-        build) _corvane_cli_arguments "$general -o --output --config --clock" '@(asm|bas)' ;;
-        check) _corvane_cli_arguments "$general --rules --no-source --clock" '@(asm|bas|hex)' ;;
+        build) _corvane_cli_arguments "$general $assembler -o --output --config --clock" '@(asm|bas)' ;;
+        check) _corvane_cli_arguments "$general $assembler --rules --no-source --clock" '@(asm|bas|hex)' ;;
         disassemble) _corvane_cli_arguments "$general -o --output --no-opcodes" hex ;;
         run)
-            _corvane_cli_arguments "$general --format -n --steps -c --cycles -b --break -s --stimulus
+            _corvane_cli_arguments "$general $assembler --no-source --format -n --steps -c --cycles -b --break -s --stimulus
                 -t --trace --state -q --quiet --clock --eeprom-write-time --ad-conversion-time" \
                 '@(asm|bas|hex)'
             ;;

@@ -129,6 +129,7 @@ void TellCycles(const Paths& paths, const std::vector<std::vector<Call>>& cycles
                 FindingList& findings, std::set<int>& told) {
     for (const std::vector<Call>& cycle : cycles) {
         std::vector<std::uint32_t> calls;
+        calls.reserve(cycle.size());
         for (const Call& call : cycle) {
             calls.push_back(call.place);
         }

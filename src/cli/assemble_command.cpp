@@ -8,6 +8,7 @@
 #include "cli/output.h"
 #include "cli/source_file.h"
 #include "cli/translation.h"
+#include "common/text_file.h"
 
 namespace corvane::cli {
 
@@ -22,6 +23,50 @@ std::string RemoveOldResult(const std::string& hexFile, const std::string& sourc
     return "";
 }
 
+namespace {
+
+// Beside the .hex file, where it is looked for.
+std::string CodFileOf(const AssembleOptions& options, const std::string& hexFile) {
+    return hexFile == "-" ? NameBeside(options.source, ".cod")
+                          : fs::path(hexFile).replace_extension(".cod").string();
+}
+
+CommandResult AssembleWithGpasm(const AssembleOptions& options, const std::string& hexFile,
+                                const std::string& listingFile) {
+    const std::string codFile = CodFileOf(options, hexFile);
+    if (options.configurationWord) {
+        return WrongUsage(ErrorText(options.source, "A source for gpasm has its own __CONFIG."));
+    }
+    if (const auto conflict =
+            OutputConflict(std::array{options.source}, std::array{hexFile, listingFile, codFile})) {
+        return WrongUsage(*conflict);
+    }
+    const auto build = BuildWithGpasm(options.source, options.model, options.assembler);
+    const std::string& listing = build ? build->files.listing : build.error.listing;
+    const std::optional<std::string> listingError =
+        listing.empty() ? std::nullopt : WriteOutput(listingFile, listing);
+    if (!build) {
+        CommandResult result = build.error.result;
+        const auto add = [&result](const std::string& text) {
+            result.message += result.message.empty() ? text.substr(text.empty() ? 0 : 1) : text;
+        };
+        add(listingError ? "\n" + *listingError : "");
+        add(RemoveOldResult(hexFile, options.source));
+        add(RemoveOldResult(codFile, options.source));
+        return result;
+    }
+    if (listingError) {
+        return Refused(*listingError);
+    }
+    if (const auto error = common::WriteTextFile(codFile, build->files.codBytes)) {
+        return Refused(ErrorText(codFile, *error));
+    }
+    const std::optional<std::string> hexError = WriteOutput(hexFile, build->files.hex);
+    return hexError ? Refused(*hexError) : CommandResult{};
+}
+
+}  // namespace
+
 CommandResult Assemble(const AssembleOptions& options) {
     if (const auto error = WrongKind(options.source, {FileKind::Assembler})) {
         return WrongUsage(*error);
@@ -30,6 +75,9 @@ CommandResult Assemble(const AssembleOptions& options) {
         options.hexFile.empty() ? NameBeside(options.source, ".hex") : options.hexFile;
     const std::string listingFile =
         options.listingFile.empty() ? NameBeside(options.source, ".lst") : options.listingFile;
+    if (IsForGpasm(options.assembler, options.source)) {
+        return AssembleWithGpasm(options, hexFile, listingFile);
+    }
     if (const auto conflict =
             OutputConflict(std::array{options.source, ModelFilePath(options.model)},
                            std::array{hexFile, listingFile})) {

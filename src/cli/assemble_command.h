@@ -5,6 +5,7 @@
 #include <string>
 
 #include "cli/command_result.h"
+#include "cli/gpasm_build.h"
 #include "cli/model_files.h"
 
 namespace corvane::cli {
@@ -15,6 +16,7 @@ struct AssembleOptions {
     std::string hexFile;                   // empty: beside the source
     std::string listingFile;               // empty: beside the source
     std::optional<int> configurationWord;  // the model's default without it
+    AssemblerOptions assembler{};
 };
 
 // The listing is written also when there are errors, an older .hex file then removed.

@@ -16,7 +16,8 @@ CommandResult Build(const BuildOptions& options) {
         .source = options.source,
         .hexFile = options.hexFile.empty() ? NameBeside(options.source, ".hex") : options.hexFile,
         .listingFile = "",
-        .configurationWord = options.configurationWord};
+        .configurationWord = options.configurationWord,
+        .assembler = options.assembler};
     if (const auto error = WrongKind(options.source, {FileKind::Basic, FileKind::Assembler})) {
         return WrongUsage(*error);
     }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "cli/command_result.h"
+#include "cli/gpasm_build.h"
 #include "cli/model_files.h"
 
 namespace corvane::cli {
@@ -14,7 +15,8 @@ struct BuildOptions {
     std::string source;   // .bas or .asm
     std::string hexFile;  // empty: beside the source
     std::optional<int> configurationWord;
-    float clockFrequency = 4.0F;  // MHz
+    float clockFrequency = 4.0F;   // MHz
+    AssemblerOptions assembler{};  // of an .asm file
 };
 
 // Writes what compile and assemble write; an error of the first leaves the others undone.

@@ -128,20 +128,18 @@ CommandResult CheckProgram(const CheckOptions& options) {
                           "'; the rules are bank, page, table, stack, runs-off, isr-context and "
                           "unreachable.");
     }
-    const common::Result<ModelFile> modelFile = ReadModelFile(options.model);
-    if (!modelFile) {
-        return Refused(modelFile.error);
-    }
-    const common::Result<project::SourcedProgram> checked =
-        ReadCheckedProgram({.name = options.program,
+    const common::Result<CheckedProgram, CommandResult> checked =
+        ReadCheckedProgram({.file = {options.program, std::nullopt},
+                            .model = options.model,
+                            .assembler = options.assembler,
                             .withoutSource = options.withoutSource,
-                            .clockFrequency = options.clockFrequency},
-                           *modelFile);
+                            .clockFrequency = options.clockFrequency});
     if (!checked) {
-        return Refused(checked.error);
+        return checked.error;
     }
-    return WriteReport(options.program, *checked,
-                       check::Check(checked->program, modelFile->description), *rules);
+    const project::SourcedProgram& program = checked->program;
+    return WriteReport(options.program, program,
+                       check::Check(program.program, checked->modelFile.description), *rules);
 }
 
 }  // namespace corvane::cli

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "cli/command_result.h"
+#include "cli/gpasm_build.h"
 #include "cli/model_files.h"
 
 namespace corvane::cli {
@@ -12,6 +13,7 @@ struct CheckOptions {
     ModelOptions model;
     std::string program;  // .hex, .asm or .bas
     std::string rules;    // names separated by commas, or "all"; empty: all that are warnings
+    AssemblerOptions assembler;   // of an .asm file
     bool withoutSource = false;   // of a .hex file: what lies beside it is not looked at
     float clockFrequency = 4.0F;  // MHz
 };

@@ -93,33 +93,65 @@ std::optional<SourcedProgram> FromSourceBeside(const fs::path& path, const Sourc
                    : project::FromAssembly(assembly, *text, path.string(), model.programWords);
 }
 
-ReadResult FromHex(const CheckedFile& file, const ModelFile& modelFile) {
-    const common::Result<loader::Program> image = ReadHexFile(file.name, *modelFile.model);
+ReadResult FromHex(const ProgramSource& source, const ModelFile& modelFile) {
+    const std::string& file = source.file.name;
+    const common::Result<loader::Program> image = ReadHexFile(file, *modelFile.model);
     if (!image) {
         return ReadResult::Failure(image.error);
     }
     SourcedProgram words = project::FromImage(*image);
     for (const char* extension : {".cod", ".bas", ".asm"}) {
-        const fs::path path = fs::path(file.name).replace_extension(extension);
-        std::optional<SourcedProgram> source;
-        if (!file.withoutSource) {
-            source = path.extension() == ".cod"
+        const fs::path path = fs::path(file).replace_extension(extension);
+        std::optional<SourcedProgram> beside;
+        if (!source.withoutSource) {
+            beside = path.extension() == ".cod"
                          ? FromCodBeside(path, words)
-                         : FromSourceBeside(path, words, modelFile, file.clockFrequency);
+                         : FromSourceBeside(path, words, modelFile, source.clockFrequency);
         }
-        if (source) {
-            return ReadResult::Success(*std::move(source));
+        if (beside) {
+            return ReadResult::Success(*std::move(beside));
         }
     }
     return ReadResult::Success(std::move(words));
 }
 
+// Messages name the source as the person did, and other files as gpasm does.
+SourcedProgram FromGpasm(const std::string& file, const GpasmBuild& build) {
+    const fs::path path(file);
+    return project::FromCod(
+        build.files.cod, path.parent_path(), build.modelFile.model->programWords,
+        [&](const std::string& named) { return named == path.filename().string() ? file : named; });
+}
+
 }  // namespace
 
-ReadResult ReadCheckedProgram(const CheckedFile& file, const ModelFile& modelFile) {
-    const FileKind kind = KindOf(file.name);
-    return kind == FileKind::Hex ? FromHex(file, modelFile)
-                                 : FromSource(file.name, kind, modelFile, file.clockFrequency);
+common::Result<CheckedProgram, CommandResult> ReadCheckedProgram(const ProgramSource& source) {
+    using CheckedResult = common::Result<CheckedProgram, CommandResult>;
+    const std::string& file = source.file.name;
+    if (IsForGpasm(source.assembler, file)) {
+        auto build = BuildWithGpasm(file, source.model, source.assembler);
+        if (!build) {
+            return CheckedResult::Failure(std::move(build.error.result));
+        }
+        SourcedProgram program = FromGpasm(file, *build);
+        return CheckedResult::Success({std::move(build->modelFile), std::move(program)});
+    }
+    const common::Result<ModelOptions> model =
+        ModelOfHexFile(file, source.model, source.withoutSource);
+    if (!model) {
+        return CheckedResult::Failure(Refused(model.error));
+    }
+    common::Result<ModelFile> modelFile = ReadModelFile(*model);
+    if (!modelFile) {
+        return CheckedResult::Failure(Refused(modelFile.error));
+    }
+    const FileKind kind = KindOf(file);
+    ReadResult program = kind == FileKind::Hex
+                             ? FromHex(source, *modelFile)
+                             : FromSource(file, kind, *modelFile, source.clockFrequency);
+    return program
+               ? CheckedResult::Success({*std::move(modelFile.value), *std::move(program.value)})
+               : CheckedResult::Failure(Refused(program.error));
 }
 
 }  // namespace corvane::cli

@@ -52,9 +52,10 @@ void AddModelOptions(CLI::App& app, ModelOptions& model) {
                        "--model", "There is no model '" + name + "'; 'models' lists them.");
                }
                model.model = &models::kModelCatalogue[static_cast<std::size_t>(named->row)];
+               model.name = name;
                model.warning = named->warning;
            },
-           "Microcontroller, PIC16F84 by default")
+           "Microcontroller; without it the one that a .cod file names, or PIC16F84")
         ->type_name("NAME");
     app.add_option("--model-dir", model.folder, "Folder of the .cfg files")->type_name("DIR");
 }
@@ -83,6 +84,26 @@ void AddFormat(CLI::App& app, std::optional<FileKind>& kind) {
            "What the program is, whatever its name says")
         ->type_name("hex|asm|bas")
         ->check(CLI::IsMember({"hex", "asm", "bas"}));
+}
+
+void AddAssembler(CLI::App& app, AssemblerOptions& assembler) {
+    app.add_option_function<std::string>(
+           "--assembler",
+           [&assembler](const std::string& name) {
+               assembler.kind = name == "gpasm" ? AssemblerKind::Gpasm : AssemblerKind::Corvane;
+           },
+           "What assembles an .asm source: Corvane itself, by default, or gpasm")
+        ->type_name("corvane|gpasm")
+        ->check(CLI::IsMember({"corvane", "gpasm"}));
+    app.add_option("--assembler-option", assembler.passedOn,
+                   "Option of gpasm, as --assembler-option=-DNAME=1; may be repeated")
+        ->type_name("OPT")
+        ->allow_extra_args(false);
+}
+
+void AddNoSource(CLI::App& app, bool& withoutSource) {
+    app.add_flag("--no-source", withoutSource,
+                 "Do not look for the source of a .hex file beside it");
 }
 
 // What the whole command line fills.
@@ -126,6 +147,7 @@ void AddAssemble(CommandLine& line) {
             AddOutput(app, "-o,--output", options.hexFile, "Intel HEX file, beside the source");
             AddOutput(app, "-l,--listing", options.listingFile, "Listing, beside the source");
             AddConfigurationWord(app, options.configurationWord);
+            AddAssembler(app, options.assembler);
         },
         Assemble);
 }
@@ -160,6 +182,7 @@ void AddBuild(CommandLine& line) {
             AddOutput(app, "-o,--output", options.hexFile, "Intel HEX file, beside the source");
             AddConfigurationWord(app, options.configurationWord);
             AddClock(app, options.clockFrequency);
+            AddAssembler(app, options.assembler);
         },
         Build);
 }
@@ -194,6 +217,8 @@ void AddRun(CommandLine& line) {
             AddOutput(app, "--state", options.stateFile, "Write the final state as JSON");
             app.add_flag("-q,--quiet", options.quiet, "No statistics message");
             AddClock(app, options.clockFrequency);
+            AddAssembler(app, options.assembler);
+            AddNoSource(app, options.withoutSource);
             AddNumberOption(app, "--eeprom-write-time", options.eepromWriteTime, 1,
                             "Clock cycles of an EEPROM write");
             AddNumberOption(app, "--ad-conversion-time", options.adConversionTime, 1,
@@ -212,8 +237,8 @@ void AddCheck(CommandLine& line) {
                            "unreachable, separated by commas, or all; the last one is not told "
                            "otherwise")
                 ->type_name("LIST");
-            app.add_flag("--no-source", options.withoutSource,
-                         "Do not look for the source of a .hex file beside it");
+            AddAssembler(app, options.assembler);
+            AddNoSource(app, options.withoutSource);
             AddClock(app, options.clockFrequency);
         },
         CheckProgram);

@@ -29,8 +29,12 @@ std::string NoteText(std::string_view file, int lineNumber, std::string_view mes
     return Located(file, lineNumber, ": note: ", message);
 }
 
+std::string WarningText(std::string_view file, int lineNumber, std::string_view message) {
+    return Located(file, lineNumber, ": warning: ", message);
+}
+
 void ReportWarning(std::string_view file, int lineNumber, std::string_view message) {
-    WriteStandardError(Located(file, lineNumber, ": warning: ", message));
+    WriteStandardError(WarningText(file, lineNumber, message));
 }
 
 // When standard error itself fails there is nobody left to tell.

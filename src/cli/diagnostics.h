@@ -10,6 +10,9 @@ namespace corvane::cli {
 std::string ErrorText(std::string_view file, int lineNumber, std::string_view message);
 std::string ErrorText(std::string_view file, std::string_view message);
 
+// "FILE:LINE: warning: MESSAGE".
+std::string WarningText(std::string_view file, int lineNumber, std::string_view message);
+
 // "FILE:LINE: note: MESSAGE", which adds to the error before it.
 std::string NoteText(std::string_view file, int lineNumber, std::string_view message);
 

@@ -13,6 +13,7 @@ namespace corvane::cli {
 struct ModelOptions {
     const models::Model* model = &models::kModelCatalogue[models::kDefaultModel];
     std::string folder;   // of the description files; empty when they are to be found
+    std::string name;     // of the chip, as a person has written it; empty without --model
     std::string warning;  // what the chip that was named has and the model has not, or nothing
 };
 

@@ -49,7 +49,8 @@ ProgramResult BuildProgram(const std::string& file, FileKind kind, const std::st
     return LoadHexText(file, assembly.hex, *modelFile.model);
 }
 
-// The same for a file that somebody else has made, perhaps for another model.
+}  // namespace
+
 ProgramResult LoadHexFile(const std::string& file, std::string_view text,
                           const models::Model& model) {
     ProgramResult program = LoadHexText(file, text, model);
@@ -60,8 +61,6 @@ ProgramResult LoadHexFile(const std::string& file, std::string_view text,
     }
     return program;
 }
-
-}  // namespace
 
 ProgramResult ReadHexFile(const std::string& file, const models::Model& model) {
     const common::Result<std::string> text = common::ReadTextFileOrPipe(file);

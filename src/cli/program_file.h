@@ -14,6 +14,11 @@ namespace corvane::cli {
 // The errors are complete.
 common::Result<loader::Program> ReadHexFile(const std::string& file, const models::Model& model);
 
+// The text of a HEX file that somebody else has made, perhaps for another model: words beyond its
+// memory give a warning.
+common::Result<loader::Program> LoadHexFile(const std::string& file, std::string_view text,
+                                            const models::Model& model);
+
 struct ProgramFile {
     std::string name;
     std::optional<FileKind> kind;  // as the person says; else the name tells, or the text

@@ -6,8 +6,8 @@
 
 #include "cli/diagnostics.h"
 #include "cli/interrupt.h"
+#include "cli/loaded_program.h"
 #include "cli/output.h"
-#include "cli/program_file.h"
 #include "cli/source_file.h"
 #include "cli/state_json.h"
 #include "common/number_text.h"
@@ -27,7 +27,8 @@ struct Simulation {
     std::vector<StimulusEvent> events;
 };
 
-common::Result<std::vector<StimulusEvent>> ReadEvents(const RunOptions& options) {
+common::Result<std::vector<StimulusEvent>> ReadEvents(const RunOptions& options,
+                                                      const models::Model& model) {
     if (options.stimulusFile.empty()) {
         return common::Result<std::vector<StimulusEvent>>::Success({});
     }
@@ -36,32 +37,34 @@ common::Result<std::vector<StimulusEvent>> ReadEvents(const RunOptions& options)
         return common::Result<std::vector<StimulusEvent>>::Failure(
             ErrorText(options.stimulusFile, text.error));
     }
-    return ReadStimulus(options.stimulusFile, *text, *options.model.model);
+    return ReadStimulus(options.stimulusFile, *text, model);
 }
 
 // Reads the input files and loads the program.
-common::Result<Simulation> PrepareSimulation(const RunOptions& options) {
-    using PrepareResult = common::Result<Simulation>;
-    common::Result<ModelFile> modelFile = ReadModelFile(options.model);
-    if (!modelFile) {
-        return PrepareResult::Failure(modelFile.error);
-    }
-    const common::Result<loader::Program> program =
-        ReadProgram(options.program, *modelFile, options.clockFrequency);
+common::Result<Simulation, CommandResult> PrepareSimulation(const RunOptions& options) {
+    using PrepareResult = common::Result<Simulation, CommandResult>;
+    common::Result<LoadedProgram, CommandResult> program =
+        LoadProgram({.file = options.program,
+                     .model = options.model,
+                     .assembler = options.assembler,
+                     .withoutSource = options.withoutSource,
+                     .clockFrequency = options.clockFrequency});
     if (!program) {
-        return PrepareResult::Failure(program.error);
+        return PrepareResult::Failure(std::move(program.error));
     }
-    common::Result<std::vector<StimulusEvent>> events = ReadEvents(options);
+    ModelFile& modelFile = program->modelFile;
+    common::Result<std::vector<StimulusEvent>> events = ReadEvents(options, *modelFile.model);
     if (!events) {
-        return PrepareResult::Failure(events.error);
+        return PrepareResult::Failure(Refused(events.error));
     }
     core::Processor processor =
-        core::MakeProcessor(*modelFile->model, std::move(modelFile->description));
+        core::MakeProcessor(*modelFile.model, std::move(modelFile.description));
     processor.eepromWriteTime = options.eepromWriteTime;
     processor.adConversionTime = options.adConversionTime;
-    core::FillProgramMemory(processor, program->words);
+    core::FillProgramMemory(processor, program->image.words);
     core::SetBreakpoints(processor, options.breakpoints);
-    return PrepareResult::Success({std::move(processor), program->loadedWords, std::move(*events)});
+    return PrepareResult::Success(
+        {std::move(processor), program->image.loadedWords, std::move(*events)});
 }
 
 float SecondsSinceMidnight() {
@@ -207,8 +210,8 @@ CommandResult RunProgram(const RunOptions& options) {
                            std::array{options.traceFile, options.stateFile})) {
         return WrongUsage(*conflict);
     }
-    common::Result<Simulation> simulation = PrepareSimulation(options);
-    return simulation ? Simulate(options, *simulation) : Refused(simulation.error);
+    common::Result<Simulation, CommandResult> simulation = PrepareSimulation(options);
+    return simulation ? Simulate(options, *simulation) : std::move(simulation.error);
 }
 
 }  // namespace corvane::cli

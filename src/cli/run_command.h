@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "cli/command_result.h"
+#include "cli/gpasm_build.h"
 #include "cli/model_files.h"
 #include "cli/program_file.h"
 #include "cli/run_loop.h"
@@ -15,7 +16,9 @@ constexpr int kMaxBreakpoints = 10;
 
 struct RunOptions {
     ModelOptions model;
-    ProgramFile program;  // .hex, .asm or .bas, or a pipe
+    ProgramFile program;         // .hex, .asm or .bas, or a pipe
+    AssemblerOptions assembler;  // of an .asm file
+    bool withoutSource = false;  // what lies beside a .hex file is not looked at
     RunLimits limits;
     std::vector<int> breakpoints;  // program addresses, kMaxBreakpoints at most
     std::string stimulusFile;      // files are empty when not wanted

@@ -16,6 +16,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
+constexpr std::uint16_t kErasedWord = 0x3FFF;
+
 SourcedProgram EmptyProgram(int programWords) {
     const auto size = static_cast<std::size_t>(programWords);
     SourcedProgram result;
@@ -82,7 +84,6 @@ class SourceTexts {
 };
 
 int WordOrErased(const check::Program& program, std::size_t address) {
-    constexpr int kErasedWord = 0x3FFF;
     return program.isProgrammed[address] ? program.words[address] : kErasedWord;
 }
 
@@ -146,6 +147,16 @@ SourcedProgram FromCod(const CodFile& cod, const fs::path& folder, int programWo
         }
     }
     return result;
+}
+
+bool Belongs(const CodFile& cod, const loader::Program& image) {
+    for (std::size_t address = 0; address < image.words.size(); ++address) {
+        const int word = image.isWritten[address] ? image.words[address] : kErasedWord;
+        if (cod.words[address].value_or(kErasedWord) != word) {
+            return false;
+        }
+    }
+    return true;
 }
 
 bool HaveSameWords(const check::Program& first, const check::Program& second) {

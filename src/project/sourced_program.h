@@ -41,6 +41,9 @@ SourcedProgram FromCompiledAssembly(const assembler::Assembly& assembly, int pro
 SourcedProgram FromCod(const CodFile& cod, const std::filesystem::path& folder, int programWords,
                        const std::function<std::string(const std::string& file)>& shownName);
 
+// The words of the .cod file are those of the image, as far as its memory goes.
+bool Belongs(const CodFile& cod, const loader::Program& image);
+
 // Words of 3FFF are as good as none.
 bool HaveSameWords(const check::Program& first, const check::Program& second);
 
