@@ -12,6 +12,9 @@
 
 namespace corvane::assembler {
 
+using common::ColoredSpan;
+using common::TextColor;
+
 namespace {
 
 // The instructions by group, those of a group by their names, then the directives.
@@ -71,7 +74,7 @@ std::vector<ColoredSpan> ColorLine(std::string_view line) {
     }
     if (const std::size_t comment = line.find(';'); comment != std::string_view::npos) {
         spans.push_back({static_cast<int>(comment), static_cast<int>(line.size() - comment),
-                         TextColor::Comment});
+                         TextColor::AssemblerComment});
     }
     return spans;
 }

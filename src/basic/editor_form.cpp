@@ -9,6 +9,9 @@
 
 namespace corvane::basic {
 
+using common::ColoredSpan;
+using common::TextColor;
+
 namespace {
 
 constexpr std::array<std::string_view, 32> kLanguageKeywords = {
@@ -181,7 +184,7 @@ std::vector<ColoredSpan> ColorLine(std::string_view line,
         spans.push_back({static_cast<int>(start), static_cast<int>(end - start), color});
     };
     if (const std::size_t quote = line.find('\''); quote != std::string_view::npos) {
-        addFrom(quote, line.size(), TextColor::Comment);
+        addFrom(quote, line.size(), TextColor::BasicComment);
     }
     if (const std::size_t quote = line.find('"'); quote != std::string_view::npos) {
         addFrom(quote, line.rfind('"') + 1, TextColor::Quoted);

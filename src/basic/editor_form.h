@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "common/colored_span.h"
 #include "models/description.h"
 
 namespace corvane::basic {
@@ -23,16 +24,8 @@ std::string RewriteLine(std::string_view line, const std::vector<EditorKeyword>&
 // Every line rewritten, each ended by CR LF; a missing last line end is added.
 std::string RewriteText(std::string_view text, const std::vector<EditorKeyword>& keywords);
 
-enum class TextColor { Normal, Keyword, Comment, Quoted };
-
-struct ColoredSpan {
-    int start;  // characters from the line's beginning
-    int length;
-    TextColor color;
-};
-
 // The spans of a rewritten line that are not of the normal colour; later ones cover earlier ones.
-std::vector<ColoredSpan> ColorLine(std::string_view line,
-                                   const std::vector<EditorKeyword>& keywords);
+std::vector<common::ColoredSpan> ColorLine(std::string_view line,
+                                           const std::vector<EditorKeyword>& keywords);
 
 }  // namespace corvane::basic

@@ -37,10 +37,10 @@ TEST(Assembler, ReadsOneLine) {
 TEST(LineColoring, ColorsOneKeywordAndTheComment) {
     ExpectCases("tests/asm/colors.txt", [](const std::string& line) {
         std::string colors(line.size(), '.');
-        for (const ColoredSpan& span : ColorLine(line)) {
+        for (const common::ColoredSpan& span : ColorLine(line)) {
             const auto length = static_cast<std::size_t>(span.length);
             colors.replace(static_cast<std::size_t>(span.start), length, length,
-                           span.color == TextColor::Keyword ? 'k' : 'c');
+                           span.color == common::TextColor::Keyword ? 'k' : 'c');
         }
         return colors;
     });

@@ -136,12 +136,12 @@ TEST(EditorForm, Colors) {
     const auto keywords = EditorKeywords(DescriptionOf(ModelNamed("PIC16F84")));
     ExpectCases("tests/basic/colors.txt", [&](const std::string& line) {
         std::string colors(line.size(), '.');
-        for (const ColoredSpan& span : ColorLine(line, keywords)) {
+        for (const common::ColoredSpan& span : ColorLine(line, keywords)) {
             const auto length = static_cast<std::size_t>(span.length);
             colors.replace(static_cast<std::size_t>(span.start), length, length,
-                           span.color == TextColor::Keyword   ? 'k'
-                           : span.color == TextColor::Comment ? 'c'
-                                                              : 'q');
+                           span.color == common::TextColor::Keyword        ? 'k'
+                           : span.color == common::TextColor::BasicComment ? 'c'
+                                                                           : 'q');
         }
         return colors;
     });

@@ -32,13 +32,13 @@ std::string Formed(std::string_view line) {
     return formed;
 }
 
-std::vector<SyntaxSpan> Colored(std::string_view line) {
-    std::vector<SyntaxSpan> spans;
+std::vector<common::ColoredSpan> Colored(std::string_view line) {
+    std::vector<common::ColoredSpan> spans;
     if (line.starts_with('!')) {
-        spans.push_back({0, static_cast<int>(line.size()), SyntaxColor::Quoted});
+        spans.push_back({0, static_cast<int>(line.size()), common::TextColor::Quoted});
     }
     if (const std::size_t found = line.find('X'); found != std::string_view::npos) {
-        spans.push_back({static_cast<int>(found), 1, SyntaxColor::Keyword});
+        spans.push_back({static_cast<int>(found), 1, common::TextColor::Keyword});
     }
     return spans;
 }

@@ -31,17 +31,7 @@ constexpr std::string_view kPosition = "Position";
 
 SourceLanguage AssemblerLanguage() {
     return {.form = [](std::string_view line) { return std::string(common::TrimRight(line)); },
-            .color =
-                [](std::string_view line) {
-                    std::vector<SyntaxSpan> spans;
-                    for (const assembler::ColoredSpan& span : assembler::ColorLine(line)) {
-                        const bool isKeyword = span.color == assembler::TextColor::Keyword;
-                        spans.push_back(
-                            {span.start, span.length,
-                             isKeyword ? SyntaxColor::Keyword : SyntaxColor::AssemblerComment});
-                    }
-                    return spans;
-                }};
+            .color = assembler::ColorLine};
 }
 
 }  // namespace

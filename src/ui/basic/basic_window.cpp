@@ -13,30 +13,10 @@ namespace {
 
 constexpr QSize kInitialSize(720, 560);
 
-SyntaxColor ColorOf(basic::TextColor color) {
-    switch (color) {
-        case basic::TextColor::Comment:
-            return SyntaxColor::BasicComment;
-        case basic::TextColor::Quoted:
-            return SyntaxColor::Quoted;
-        case basic::TextColor::Normal:
-        case basic::TextColor::Keyword:
-            break;
-    }
-    return SyntaxColor::Keyword;
-}
-
 SourceLanguage BasicLanguage(const std::vector<basic::EditorKeyword>& keywords) {
     return {
         .form = [keywords](std::string_view line) { return basic::RewriteLine(line, keywords); },
-        .color =
-            [keywords](std::string_view line) {
-                std::vector<SyntaxSpan> spans;
-                for (const basic::ColoredSpan& span : basic::ColorLine(line, keywords)) {
-                    spans.push_back({span.start, span.length, ColorOf(span.color)});
-                }
-                return spans;
-            }};
+        .color = [keywords](std::string_view line) { return basic::ColorLine(line, keywords); }};
 }
 
 }  // namespace

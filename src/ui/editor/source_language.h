@@ -2,27 +2,20 @@
 #pragma once
 
 #include <QString>
-#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "common/colored_span.h"
+
 namespace corvane::ui {
-
-enum class SyntaxColor : std::uint8_t { Keyword, AssemblerComment, BasicComment, Quoted };
-
-struct SyntaxSpan {
-    int start;  // bytes from the line's beginning
-    int length;
-    SyntaxColor color;
-};
 
 struct SourceLanguage {
     // The line as it is to stand in the text once the caret has left it.
     std::function<std::string(std::string_view line)> form;
     // The spans that are not of the normal colour; later ones cover earlier ones.
-    std::function<std::vector<SyntaxSpan>(std::string_view line)> color;
+    std::function<std::vector<common::ColoredSpan>(std::string_view line)> color;
 };
 
 // The whole text in form, and ended by a line end, as it is saved and translated. Line ends are LF.

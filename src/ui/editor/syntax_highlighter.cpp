@@ -11,15 +11,15 @@ struct ColorPair {
     QColor onDark;
 };
 
-ColorPair PairOf(SyntaxColor color) {
+ColorPair PairOf(common::TextColor color) {
     switch (color) {
-        case SyntaxColor::Keyword:
+        case common::TextColor::Keyword:
             return {{0, 0, 150}, {130, 170, 255}};
-        case SyntaxColor::AssemblerComment:
+        case common::TextColor::AssemblerComment:
             return {{0, 64, 64}, {110, 190, 190}};
-        case SyntaxColor::BasicComment:
+        case common::TextColor::BasicComment:
             return {{0, 150, 0}, {110, 200, 110}};
-        case SyntaxColor::Quoted:
+        case common::TextColor::Quoted:
             break;
     }
     return {{150, 0, 0}, {255, 140, 140}};
@@ -32,7 +32,7 @@ int CharactersIn(std::string_view line, int bytes) {
 
 }  // namespace
 
-QColor ColorOf(SyntaxColor color, const QPalette& palette) {
+QColor ColorOf(common::TextColor color, const QPalette& palette) {
     const ColorPair pair = PairOf(color);
     return palette.color(QPalette::Base).lightness() < 128 ? pair.onDark : pair.onLight;
 }
@@ -48,8 +48,8 @@ void SyntaxHighlighter::SetEnabled(bool enabled) {
 }
 
 void SyntaxHighlighter::SetPalette(const QPalette& palette) {
-    const bool hasOtherColors =
-        ColorOf(SyntaxColor::Keyword, palette) != ColorOf(SyntaxColor::Keyword, palette_);
+    const bool hasOtherColors = ColorOf(common::TextColor::Keyword, palette) !=
+                                ColorOf(common::TextColor::Keyword, palette_);
     palette_ = palette;
     if (hasOtherColors) {
         rehighlight();
@@ -74,7 +74,7 @@ void SyntaxHighlighter::highlightBlock(const QString& text) {
     }
     const std::string line = text.toStdString();
     const bool isAscii = static_cast<qsizetype>(line.size()) == text.size();
-    for (const SyntaxSpan& span : language_->color(line)) {
+    for (const common::ColoredSpan& span : language_->color(line)) {
         const int start = isAscii ? span.start : CharactersIn(line, span.start);
         const int end =
             isAscii ? span.start + span.length : CharactersIn(line, span.start + span.length);

@@ -10,7 +10,7 @@
 namespace corvane::ui {
 
 // The given colour on a light background, a readable counterpart on a dark one.
-QColor ColorOf(SyntaxColor color, const QPalette& palette);
+QColor ColorOf(common::TextColor color, const QPalette& palette);
 
 class SyntaxHighlighter final : public QSyntaxHighlighter {
     Q_OBJECT
