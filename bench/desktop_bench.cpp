@@ -111,8 +111,8 @@ struct Speed {
 class RunningDesktop {
   public:
     RunningDesktop(const Program& program, bool withWindows, app::SimulationRate rate)
-        : desktop_(CORVANE_SOURCE_DIR "/data/models/", store_, clock_,
-                   [](QWidget&) { return std::make_unique<bench::SilentDialogs>(); }) {
+        : desktop_({CORVANE_SOURCE_DIR "/data/models/", folder_.path().toStdString()}, store_,
+                   clock_, [](QWidget&) { return std::make_unique<bench::SilentDialogs>(); }) {
         if (!desktop_.StartUp(models::FindModel(program.model))) {
             std::abort();
         }

@@ -74,7 +74,8 @@ class Subject {
             std::abort();
         }
         window = std::make_unique<Window>(
-            workbench_, [](QWidget&) { return std::make_unique<SilentDialogs>(); });
+            workbench_, [](QWidget&) { return std::make_unique<SilentDialogs>(); },
+            (folder_.path() + "/recovery").toStdString());
         window->setAttribute(Qt::WA_DeleteOnClose, false);
         window->Open();
         Show();

@@ -40,7 +40,9 @@ bool Play(Monkey& monkey, Playground& playground, int acts) {
     ui::IniSettingsStore store((playground.Folder() + "settings.ini").toStdString());
     monkey.Begin(acts);
     while (!monkey.IsDone()) {
-        ui::Desktop desktop(CORVANE_SOURCE_DIR "/data/models/", store, clock,
+        const ui::Folders folders{CORVANE_SOURCE_DIR "/data/models/",
+                                  (playground.Folder() + "recovery").toStdString()};
+        ui::Desktop desktop(folders, store, clock,
                             [&](QWidget& window) { return playground.MakeDialogs(window); });
         if (!desktop.StartUp()) {
             return false;

@@ -13,7 +13,8 @@ namespace corvane::app {
 struct FileDialog {
     std::string_view title;
     std::string_view filters;
-    std::string folder;  // where it starts, with trailing separator; the file name is empty
+    std::string folder;         // where it starts, with trailing separator
+    std::string fileName = {};  // what is offered; empty when nothing is
 };
 
 class Dialogs {

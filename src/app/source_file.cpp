@@ -17,6 +17,7 @@ const FileKind kAssemblerSource = {
     .saveTitle = "Save Assembler Source As",
     .filters = "Assembler ASM files (*.asm)|*.asm|All files (*.*)|*.*",
     .extension = ".asm",
+    .recentFiles = "Recent Assembler File",
 };
 const FileKind kBasicSource = {
     .caption = "BASIC Compiler - ",
@@ -24,6 +25,7 @@ const FileKind kBasicSource = {
     .saveTitle = "Save BASIC Source As",
     .filters = "BASIC BAS files (*.bas)|*.bas|All files (*.*)|*.*",
     .extension = ".bas",
+    .recentFiles = "Recent BASIC File",
 };
 const FileKind kDisassemblerListing = {
     .caption = "",
@@ -72,9 +74,11 @@ std::string WithExtension(std::string_view fileName, std::string_view extension)
 }
 
 std::optional<std::string> AskSavePath(Dialogs& dialogs, AppSettings& settings,
-                                       const FileKind& kind) {
-    const std::optional<std::string> chosen = dialogs.SaveFile(
-        {.title = kind.saveTitle, .filters = kind.filters, .folder = settings.LastPath()});
+                                       const FileKind& kind, const std::string& offeredName) {
+    const std::optional<std::string> chosen = dialogs.SaveFile({.title = kind.saveTitle,
+                                                                .filters = kind.filters,
+                                                                .folder = settings.LastPath(),
+                                                                .fileName = offeredName});
     if (!chosen || chosen->empty()) {
         return std::nullopt;
     }
@@ -106,8 +110,14 @@ std::optional<std::string> SourceFile::OpenPath(const std::string& path) {
     std::optional<std::string> text = ReadFileOrInform(*dialogs_, path);
     if (text) {
         BecomeFile(path, *text);
+        Recent().Add(path);
     }
     return text;
+}
+
+void SourceFile::Recover(const std::string& path) {
+    path_ = path;
+    bytes_.reset();
 }
 
 bool SourceFile::Save(EditedText& text) {
@@ -119,8 +129,12 @@ bool SourceFile::Save(EditedText& text) {
 }
 
 bool SourceFile::SaveAs(EditedText& text) {
-    const std::optional<std::string> path = AskSavePath(*dialogs_, *settings_, *kind_);
-    return path && Write(*path, text);
+    const std::optional<std::string> path = AskSavePath(*dialogs_, *settings_, *kind_, Name());
+    if (!path || !Write(*path, text)) {
+        return false;
+    }
+    Recent().Add(*path);
+    return true;
 }
 
 bool SourceFile::MayReplace(EditedText& text) {
@@ -128,13 +142,16 @@ bool SourceFile::MayReplace(EditedText& text) {
     if (!fs::is_regular_file(path_, error)) {
         return true;  // there is nothing to be lost
     }
+    if (!bytes_) {
+        return MayOverwrite(*dialogs_, path_);
+    }
     common::Result<std::string> now = common::ReadTextFile(path_);
     if (now && *now == bytes_) {
         return true;
     }
     if (now && !text.IsModified()) {
-        bytes_ = *std::move(now.value);
-        return text.LoadAnew(bytes_);
+        bytes_ = std::move(now.value);
+        return text.LoadAnew(*bytes_);
     }
     return dialogs_->Ask("File '" + path_ +
                          "' has been changed by another program. Do you want to overwrite it?");

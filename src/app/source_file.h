@@ -8,6 +8,7 @@
 
 #include "app/app_settings.h"
 #include "app/dialogs.h"
+#include "app/recent_files.h"
 
 namespace corvane::app {
 
@@ -17,6 +18,7 @@ struct FileKind {
     std::string_view saveTitle;
     std::string_view filters;
     std::string_view extension;
+    std::string_view recentFiles = "";  // what the settings call them, without the number
 };
 
 extern const FileKind kAssemblerSource;
@@ -42,10 +44,11 @@ std::optional<std::string> ReadFileOrInform(Dialogs& dialogs, const std::string&
 // Replaces the file, with CR LF line ends. False after a message that it could not be written.
 bool WriteFileOrInform(Dialogs& dialogs, const std::string& path, std::string_view text);
 
-// Shows the save dialog, stores its folder as Last Path, gives the name the kind's extension and
-// asks before an existing file is overwritten. The full path, or nothing when the person declined.
+// Shows the save dialog with the name that is offered, if any, stores its folder as Last Path,
+// gives the name the kind's extension and asks before an existing file is overwritten. The full
+// path, or nothing when the person declined.
 std::optional<std::string> AskSavePath(Dialogs& dialogs, AppSettings& settings,
-                                       const FileKind& kind);
+                                       const FileKind& kind, const std::string& offeredName = {});
 
 // The name before its first ".", with this extension behind it.
 std::string WithExtension(std::string_view fileName, std::string_view extension);
@@ -61,6 +64,7 @@ class SourceFile {
     std::string Caption() const;  // "Assembler - blink.asm", "Assembler - UNTITLED"
     std::string Name() const;     // without folder
     const std::string& Path() const { return path_; }
+    RecentFiles Recent() const { return {settings_->Store(), kind_->recentFiles}; }
     // Path of a file beside it with the same base name: "/home/me/blink.hex".
     std::string PathWithExtension(std::string_view extension) const;
 
@@ -69,6 +73,9 @@ class SourceFile {
     std::optional<std::string> Open();
     // The same for a file that was chosen otherwise (dropped, recent).
     std::optional<std::string> OpenPath(const std::string& path);
+    // The text is one that was kept and belongs to this file, or to none yet. What is on disk is
+    // overwritten only after a question.
+    void Recover(const std::string& path);
     // False when nothing was written. What another program has written into the file meanwhile is
     // overwritten only after a question; a text without changes of its own is loaded anew first.
     bool Save(EditedText& text);
@@ -92,7 +99,7 @@ class SourceFile {
     AppSettings* settings_;
     Dialogs* dialogs_;
     std::string path_;
-    std::string bytes_;  // of the file when it was opened or saved last
+    std::optional<std::string> bytes_;  // of the file when it was opened or saved last
 };
 
 }  // namespace corvane::app

@@ -7,6 +7,8 @@ namespace corvane::app {
 
 namespace {
 
+constexpr const char* kNotWritten = "The output could not be written.";
+
 // So that an older result is never taken for the new one.
 void RemoveFile(const std::string& path) {
     std::error_code ignored;
@@ -19,6 +21,14 @@ std::string WarningLines(const std::vector<common::Diagnostic>& warnings) {
         lines += common::TextWithLine(warning) + "\r\n";
     }
     return lines;
+}
+
+std::string Count(std::size_t count, const std::string& what) {
+    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+}
+
+std::string Counts(std::size_t errors, std::size_t warnings) {
+    return Count(errors, "error") + ", " + Count(warnings, "warning") + ". ";
 }
 
 }  // namespace
@@ -44,10 +54,9 @@ AssemblyRun AssembleSource(const Workbench& workbench, Dialogs& dialogs, const S
     AssemblyRun run;
     run.assembly = assembler::Assemble(text, symbols, workbench.ConfigurationWord(), progress);
     run.warnings = assembler::WarningsFor(run.assembly, model.name, model.programWords);
-    if (run.assembly.errorCount == 0 &&
-        WriteFileOrInform(dialogs, listingPath, run.assembly.listing)) {
-        WriteFileOrInform(dialogs, hexPath, run.assembly.hex);
-    }
+    run.isWritten = run.assembly.errorCount == 0 &&
+                    WriteFileOrInform(dialogs, listingPath, run.assembly.listing) &&
+                    WriteFileOrInform(dialogs, hexPath, run.assembly.hex);
     return run;
 }
 
@@ -58,18 +67,18 @@ void ReportAssembly(Dialogs& dialogs, const AssemblyRun& run) {
     }
 }
 
-std::optional<common::Diagnostic> CompileSource(const Workbench& workbench, Dialogs& dialogs,
-                                                const SourceFile& source, std::string_view text,
-                                                const common::ProgressCallback& progress) {
+CompilationRun CompileSource(const Workbench& workbench, Dialogs& dialogs, const SourceFile& source,
+                             std::string_view text, const common::ProgressCallback& progress) {
     const auto compilation =
         basic::Compile(text, workbench.Model(), workbench.Processor().description,
                        workbench.Settings().ClockFrequency(), progress);
     if (!compilation) {
         dialogs.Inform(common::TextWithLine(compilation.error));
-        return compilation.error;
+        return {.error = compilation.error};
     }
     const std::string path = source.PathWithExtension(".asm");
-    if (WriteFileOrInform(dialogs, path, compilation->assembler)) {
+    const bool isWritten = WriteFileOrInform(dialogs, path, compilation->assembler);
+    if (isWritten) {
         const std::string success =
             "The compilation process was successful.\r\nOutput saved as " + path;
         if (compilation->warnings.empty()) {
@@ -78,7 +87,24 @@ std::optional<common::Diagnostic> CompileSource(const Workbench& workbench, Dial
             dialogs.InformWithDetails(success, WarningLines(compilation->warnings));
         }
     }
-    return std::nullopt;
+    return {.error = {}, .warningCount = compilation->warnings.size(), .isWritten = isWritten};
+}
+
+std::string Summary(const AssemblyRun& run) {
+    const auto errors = static_cast<std::size_t>(run.assembly.errorCount);
+    const std::string counts = Counts(errors, run.warnings.size());
+    if (errors != 0) {
+        return counts + "The assembly was not successful.";
+    }
+    return counts + (run.isWritten ? "The assembly was successful." : kNotWritten);
+}
+
+std::string Summary(const CompilationRun& run) {
+    const std::string counts = Counts(run.error ? 1 : 0, run.warningCount);
+    if (run.error) {
+        return counts + "Line " + std::to_string(run.error->line) + ": " + run.error->text;
+    }
+    return counts + (run.isWritten ? "The compilation was successful." : kNotWritten);
 }
 
 }  // namespace corvane::app

@@ -20,6 +20,13 @@ namespace corvane::app {
 struct AssemblyRun {
     assembler::Assembly assembly;
     std::vector<common::Diagnostic> warnings;
+    bool isWritten = false;  // listing and HEX file
+};
+
+struct CompilationRun {
+    std::optional<common::Diagnostic> error;
+    std::size_t warningCount = 0;
+    bool isWritten = false;
 };
 
 // Assembles the text for the selected model and writes the listing and the HEX file beside the
@@ -34,9 +41,12 @@ void ReportAssembly(Dialogs& dialogs, const AssemblyRun& run);
 // Compiles the rewritten text for the selected model, writes the assembler source beside it and
 // tells of the success, with warnings as its details. An error is told and returned; it leaves an
 // older output file as it was.
-std::optional<common::Diagnostic> CompileSource(const Workbench& workbench, Dialogs& dialogs,
-                                                const SourceFile& source, std::string_view text,
-                                                const common::ProgressCallback& progress = {});
+CompilationRun CompileSource(const Workbench& workbench, Dialogs& dialogs, const SourceFile& source,
+                             std::string_view text, const common::ProgressCallback& progress = {});
+
+// What a translation came to, in a line: "2 errors, 0 warnings. The assembly was not successful."
+std::string Summary(const AssemblyRun& run);
+std::string Summary(const CompilationRun& run);
 
 // Tells of each bad line among the model's predefined symbols and returns the good ones.
 std::vector<models::PredefinedSymbol> ReadSymbolsOrInform(

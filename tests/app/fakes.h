@@ -56,7 +56,7 @@ class ScriptedDialogs final : public Dialogs {
   private:
     std::optional<std::string> ChooseFile(const FileDialog& dialog) {
         shown_.push_back(std::string(dialog.title) + "|" + std::string(dialog.filters) + "|" +
-                         dialog.folder);
+                         dialog.folder + dialog.fileName);
         return Next(texts);
     }
 

@@ -73,6 +73,7 @@ class Screen:
         self._start_screen()
         self.environment = {
             **os.environ, "HOME": self.home.name, "XDG_CONFIG_HOME": self.home.name,
+            "XDG_DATA_HOME": str(pathlib.Path(self.home.name) / "data"),
             "XDG_RUNTIME_DIR": str(runtime), "QT_QPA_PLATFORM": "xcb",
             "QT_QPA_PLATFORMTHEME": "generic", "LC_ALL": "C.UTF-8", **self.variables}
         # A window that is mapped while the window manager is still starting may never be seen by it.
@@ -112,6 +113,10 @@ class Desktop(Screen):
 
     def _begin(self):
         super()._begin()
+        self.restart()
+
+    def restart(self):
+        """Starts the application, again after it has ended."""
         self.application = self.start([self.executable, *self.arguments])
         self.window("Corvane")
 

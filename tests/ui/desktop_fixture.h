@@ -33,7 +33,7 @@ class DesktopTest : public testing::Test {
     // The application starts (again) with the settings as they are.
     void Start(std::optional<int> modelRow = std::nullopt) {
         desktop.reset();
-        desktop.emplace(modelFolder, store, clock,
+        desktop.emplace(Folders{modelFolder, recoveryFolder}, store, clock,
                         [this](QWidget& window) { return MakeDialogs(window); });
         ASSERT_TRUE(desktop->StartUp(modelRow));
         desktop->Show();
@@ -84,6 +84,7 @@ class DesktopTest : public testing::Test {
 
     std::string modelFolder = CORVANE_SOURCE_DIR "/data/models/";
     app::TemporaryFolder folder;
+    std::string recoveryFolder = folder.path + "recovery/";
     common::MapSettingsStore store;
     app::ScriptedDialogs* dialogs = nullptr;
     app::FakeClock clock;

@@ -35,7 +35,7 @@ TEST_F(MainWindowTest, EmptyRowsOfShortLists) {
 
 TEST_F(MainWindowTest, WithoutDescriptionFileTheApplicationEnds) {
     modelFolder = folder.path;
-    desktop.emplace(modelFolder, store, clock,
+    desktop.emplace(Folders{modelFolder, recoveryFolder}, store, clock,
                     [this](QWidget& window) { return MakeDialogs(window); });
     EXPECT_FALSE(desktop->StartUp());
     EXPECT_EQ(dialogs->Shown(), Texts{"File 'pic16f84.cfg' could not be found.\r\n"

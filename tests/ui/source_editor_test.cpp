@@ -193,6 +193,35 @@ TEST_F(SourceEditorTest, ACaretAtTheEndStaysInItsLine) {
     EXPECT_TRUE(editor.textCursor().atBlockEnd());
 }
 
+TEST_F(SourceEditorTest, TabShiftsTheSelectedLines) {
+    editor.SetFormEnabled(false);
+    editor.Load("one\n\n\ttwo\n          three\nfour");
+    const auto select = [this](int anchor, int position) {
+        QTextCursor selection = editor.textCursor();
+        selection.setPosition(anchor);
+        selection.setPosition(position, QTextCursor::KeepAnchor);
+        editor.setTextCursor(selection);
+    };
+    select(1, 24);  // the end of the selection has but reached the last line
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(Text(), "\tone\n\n\t\ttwo\n\t          three\nfour");
+    Press(Qt::Key_Backtab, Qt::ShiftModifier);
+    Press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(Text(), "one\n\ntwo\n  three\nfour");
+    editor.Undo();
+    editor.Undo();
+    editor.Undo();
+    EXPECT_EQ(Text(), "one\n\n\ttwo\n          three\nfour");
+    select(0, 3);  // a whole line
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(Text(), "\tone\n\n\ttwo\n          three\nfour");
+    select(2, 1);  // a part of a line is replaced, as by any other key
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(Text(), "\t\tne\n\n\ttwo\n          three\nfour");
+    Press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(Text(), "\tne\n\n\ttwo\n          three\nfour");
+}
+
 TEST_F(SourceEditorTest, TheViewStaysWhenTheWholeTextIsFormedOrLoadedAnew) {
     const QString text = QStringLiteral("line  x\n").repeated(200) + "end";
     editor.show();
@@ -280,11 +309,15 @@ TEST_F(SourceEditorTest, FindsForwardsBackwardsAndAroundTheEnd) {
 }
 
 TEST(TextEncoding, KeepsEveryByte) {
-    for (const std::string bytes : {"caf\xE9 \xFF", "caf\xC3\xA9", "plain", "", "\xC3"}) {
+    for (const std::string bytes :
+         {"caf\xE9 \xFF", "caf\xC3\xA9", "plain", "", "\xC3", "\xE2\x80\xA9\xE2\x80\xA8"}) {
         const TextEncoding encoding = EncodingOf(bytes);
         EXPECT_EQ(EncodedText(DecodedText(bytes, encoding), encoding), bytes);
     }
     EXPECT_EQ(EncodedText(QString::fromUtf8("é€"), TextEncoding::Latin1), "é€");
+    EXPECT_EQ(EncodedText(QString::fromUtf8("Ã©"), TextEncoding::Latin1), "Ã©")
+        << "as Latin-1 it would be taken for UTF-8";
+    EXPECT_FALSE(IsEditable(EncodingOf("\xEF\xB7\x92"))) << "U+FDD2, which is no character";
 }
 
 }  // namespace

@@ -60,6 +60,15 @@ std::string Replaced(std::string text, std::string_view old, std::string_view re
     return text;
 }
 
+// With the byte itself in place of "\xE4".
+std::string WithBytes(std::string text) {
+    for (std::size_t at = 0; (at = text.find("\\x", at)) != std::string::npos; ++at) {
+        const char byte = static_cast<char>(std::stoi(text.substr(at + 2, 2), nullptr, 16));
+        text.replace(at, 4, 1, byte);
+    }
+    return text;
+}
+
 class WindowScript : public DesktopTest, public testing::WithParamInterface<std::string> {
   public:
     std::unique_ptr<app::Dialogs> MakeDialogs(const QWidget& /*window*/) override {
@@ -104,8 +113,8 @@ class WindowScript : public DesktopTest, public testing::WithParamInterface<std:
         const auto [command, rest] = Split(line);
         const auto found = kCommands.find(command);
         ASSERT_NE(found, kCommands.end()) << command;
-        const std::string text =
-            Replaced(Replaced(rest, "%F", folder.path), "\\n", command == "write" ? "\r\n" : "\n");
+        const std::string text = WithBytes(
+            Replaced(Replaced(rest, "%F", folder.path), "\\n", command == "write" ? "\r\n" : "\n"));
         (this->*found->second)(text);
     }
 

@@ -10,7 +10,6 @@
 #include "asm/listing.h"
 #include "common/text.h"
 #include "ui/common/modal_dialog.h"
-#include "ui/common/qt_text.h"
 #include "ui/common/window_placement.h"
 #include "ui/dialogs/configuration_bits_dialog.h"
 
@@ -36,9 +35,10 @@ SourceLanguage AssemblerLanguage() {
 
 }  // namespace
 
-AssemblerWindow::AssemblerWindow(app::Workbench& workbench, const DialogsFactory& makeDialogs)
+AssemblerWindow::AssemblerWindow(app::Workbench& workbench, const DialogsFactory& makeDialogs,
+                                 const std::string& recoveryFolder)
     : SourceWindow(app::Window::Assembler, workbench, app::kAssemblerSource, AssemblerLanguage(),
-                   makeDialogs),
+                   makeDialogs, recoveryFolder),
       divider_(new QSplitter(Qt::Vertical)),
       output_(new OutputPane),
       progressFrame_(new ProgressFrame(tr("Assembling in progress..."), *this)) {
@@ -50,13 +50,13 @@ AssemblerWindow::AssemblerWindow(app::Workbench& workbench, const DialogsFactory
     divider_->setChildrenCollapsible(false);
     divider_->addWidget(&EditorPane());
     divider_->addWidget(output_);
-    Layout().addWidget(divider_);
+    Layout().insertWidget(0, divider_, 1);
     MakeMenus();
     connect(output_, &OutputPane::LinkFollowed, this, &AssemblerWindow::ShowSourceLine);
 }
 
 void AssemblerWindow::MakeMenus() {
-    AddCommand(FileMenu(), "menuprint2", tr("Print Output"), [this] { PrintOutput(); });
+    AddPrintCommand("menuprint2", tr("Print Output"), [this] { PrintOutput(); });
     QMenu& tools = AddMenu("menu2", tr("&Tools"));
     AddCommand(
         tools, "menuassemble", tr("&Assemble"), [this] { Assemble(); }, QKeySequence(Qt::Key_F7));
@@ -102,6 +102,7 @@ void AssemblerWindow::StoreFigures() {
 }
 
 void AssemblerWindow::TextReplaced() {
+    SourceWindow::TextReplaced();
     output_->Clear();
     nextError_->setEnabled(false);
     previousError_->setEnabled(false);
@@ -120,7 +121,7 @@ void AssemblerWindow::ShowProgress(std::string_view status, int line) {
 }
 
 void AssemblerWindow::Assemble() {
-    if (!IsReady() || !File().MayWriteBeside({".lst", ".hex"})) {
+    if (!IsReadyToTranslate({".lst", ".hex"})) {
         return;
     }
     TextReplaced();
@@ -152,7 +153,8 @@ void AssemblerWindow::ShowOutput(const app::AssemblyRun& run) {
     }
     nextError_->setEnabled(!links.empty());
     previousError_->setEnabled(!links.empty());
-    output_->ShowOutput(QtString(text), std::move(links));
+    output_->ShowOutput(DecodedText(text, Encoding()), std::move(links));
+    ShowResult(app::Summary(run));
 }
 
 void AssemblerWindow::ShowSourceLine(int line) {

@@ -13,7 +13,8 @@ namespace corvane::ui {
 class AssemblerWindow final : public SourceWindow {
     Q_OBJECT
   public:
-    AssemblerWindow(app::Workbench& workbench, const DialogsFactory& makeDialogs);
+    AssemblerWindow(app::Workbench& workbench, const DialogsFactory& makeDialogs,
+                    const std::string& recoveryFolder);
 
   protected:
     void ReadFigures() override;

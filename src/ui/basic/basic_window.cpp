@@ -21,12 +21,13 @@ SourceLanguage BasicLanguage(const std::vector<basic::EditorKeyword>& keywords) 
 
 }  // namespace
 
-BasicWindow::BasicWindow(app::Workbench& workbench, const DialogsFactory& makeDialogs)
+BasicWindow::BasicWindow(app::Workbench& workbench, const DialogsFactory& makeDialogs,
+                         const std::string& recoveryFolder)
     : SourceWindow(app::Window::BasicCompiler, workbench, app::kBasicSource,
                    BasicLanguage(basic::EditorKeywords(workbench.Processor().description)),
-                   makeDialogs) {
+                   makeDialogs, recoveryFolder) {
     Editor().setAccessibleName(tr("BASIC source"));
-    Layout().addWidget(&EditorPane());
+    Layout().insertWidget(0, &EditorPane(), 1);
     QMenu& tools = AddMenu("menu2", tr("&Tools"));
     AddCommand(
         tools, "menucompile", tr("&Compile"), [this] { Compile(); }, QKeySequence(Qt::Key_F7));
@@ -40,19 +41,21 @@ void BasicWindow::Opened() {
 }
 
 void BasicWindow::Compile() {
-    if (!IsReady() || !File().MayWriteBeside({".asm"})) {
+    if (!IsReadyToTranslate({".asm"})) {
         return;
     }
     const std::optional<std::string> text = Save();
     if (!text) {
         return;
     }
-    std::optional<common::Diagnostic> error;
+    TextReplaced();
+    app::CompilationRun run;
     RunTranslation([&](const common::ProgressCallback& progress) {
-        error = app::CompileSource(Workbench(), Dialogs(), File(), *text, progress);
+        run = app::CompileSource(Workbench(), Dialogs(), File(), *text, progress);
     });
-    if (error) {
-        Editor().GoToLine(error->line);
+    ShowResult(app::Summary(run));
+    if (run.error) {
+        Editor().GoToLine(run.error->line);
     }
 }
 

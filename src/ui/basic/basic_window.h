@@ -8,7 +8,8 @@ namespace corvane::ui {
 class BasicWindow final : public SourceWindow {
     Q_OBJECT
   public:
-    BasicWindow(app::Workbench& workbench, const DialogsFactory& makeDialogs);
+    BasicWindow(app::Workbench& workbench, const DialogsFactory& makeDialogs,
+                const std::string& recoveryFolder);
 
   protected:
     void Opened() override;

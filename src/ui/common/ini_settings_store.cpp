@@ -6,47 +6,13 @@
 #include <utility>
 #include <vector>
 
+#include "common/one_line.h"
 #include "common/text.h"
 #include "common/text_file.h"
 
 namespace corvane::ui {
 
 namespace {
-
-// A value is one line; a path may hold what would end it.
-std::string Escaped(std::string_view value) {
-    std::string text;
-    for (const char c : value) {
-        switch (c) {
-            case '\\':
-                text += "\\\\";
-                break;
-            case '\n':
-                text += "\\n";
-                break;
-            case '\r':
-                text += "\\r";
-                break;
-            default:
-                text += c;
-        }
-    }
-    return text;
-}
-
-std::string Unescaped(std::string_view text) {
-    std::string value;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const char next = i + 1 < text.size() ? text[i + 1] : '\0';
-        if (text[i] != '\\' || (next != '\\' && next != 'n' && next != 'r')) {
-            value += text[i];
-            continue;
-        }
-        value += next == 'n' ? '\n' : next == 'r' ? '\r' : '\\';
-        ++i;
-    }
-    return value;
-}
 
 bool IsSetting(std::string_view line, std::string_view name) {
     const std::size_t equals = line.find('=');
@@ -66,7 +32,7 @@ std::optional<std::string> IniSettingsStore::Read(std::string_view name) {
     const std::string text = common::ReadTextFile(path_).value.value_or("");
     for (const std::string_view line : common::SplitLines(text)) {
         if (IsSetting(line, name)) {
-            return Unescaped(common::Trim(line.substr(line.find('=') + 1)));
+            return common::FromOneLine(common::Trim(line.substr(line.find('=') + 1)));
         }
     }
     return std::nullopt;
@@ -79,7 +45,7 @@ void IniSettingsStore::Write(std::string_view name, std::string_view value) {
         return;  // the other settings would be lost
     }
     const std::string text = stored.value.value_or("[Corvane]\n");
-    const std::string setting = std::string(name) + "=" + Escaped(value) + "\n";
+    const std::string setting = std::string(name) + "=" + common::OneLine(value) + "\n";
     std::string changed;
     bool isWritten = false;
     for (const std::string_view line : common::SplitLines(text)) {

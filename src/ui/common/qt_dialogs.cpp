@@ -54,6 +54,9 @@ std::optional<std::string> RunFileDialog(QFileDialog& box, QWidget* window,
     box.setWindowTitle(QtString(dialog.title));
     box.setNameFilters(NameFilters(dialog.filters));
     box.setDirectory(QString::fromStdString(dialog.folder));
+    if (!dialog.fileName.empty()) {
+        box.selectFile(QString::fromStdString(dialog.fileName));
+    }
     if (RunModal(box, window) != QDialog::Accepted || box.selectedFiles().isEmpty()) {
         return std::nullopt;
     }

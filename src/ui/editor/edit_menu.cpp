@@ -61,6 +61,8 @@ QMenu* MakeEditMenu(SourceEditor& editor, FindBar& findBar, app::Dialogs& dialog
                [&findBar] { findBar.FindNext(); });
     AddCommand(*menu, "menufindprevious", QMenu::tr("Find Pre&vious"),
                QKeySequence(Qt::SHIFT | Qt::Key_F3), [&findBar] { findBar.FindPrevious(); });
+    AddCommand(*menu, "menureplace", QMenu::tr("R&eplace..."), QKeySequence(Qt::CTRL | Qt::Key_H),
+               [&findBar] { findBar.OpenReplace(); });
     AddCommand(*menu, "menugotoline", QMenu::tr("&Go to Line..."),
                QKeySequence(Qt::CTRL | Qt::Key_G),
                [&editor, &dialogs] { AskLine(editor, dialogs); });

@@ -6,47 +6,93 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTextBlock>
+#include <QVBoxLayout>
 
 namespace corvane::ui {
 
-FindBar::FindBar(QPlainTextEdit& editor, QWidget* parent)
+namespace {
+
+void AddClearButton(QLineEdit& line, const QString& name) {
+    line.setClearButtonEnabled(true);
+    for (QAction* clear : line.findChildren<QAction*>()) {
+        clear->setText(name);  // the toolkit's button has but an icon
+    }
+}
+
+}  // namespace
+
+FindBar::FindBar(SourceEditor& editor, QWidget* parent)
     : QWidget(parent),
       editor_(&editor),
       text_(new QLineEdit),
+      replaceLine_(new QWidget),
+      replacement_(new QLineEdit),
       matchCase_(new QCheckBox(tr("&Match case"))),
       message_(new QLabel) {
     message_->setObjectName("findMessage");
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(6, 2, 6, 2);
+    layout->setSpacing(2);
+    MakeFindLine();
+    MakeReplaceLine();
+    hide();
+}
+
+void FindBar::MakeFindLine() {
     auto* caption = new QLabel(tr("F&ind:"));
     caption->setBuddy(text_);
     auto* previous = new QPushButton(tr("P&revious"));
     auto* next = new QPushButton(tr("&Next"));
     auto* close = new QPushButton(tr("C&lose"));
     text_->setObjectName("findText");
-    text_->setClearButtonEnabled(true);
-    for (QAction* clear : text_->findChildren<QAction*>()) {
-        clear->setText(tr("Clear the text to find"));  // the toolkit's button has but an icon
-    }
-    auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(6, 2, 6, 2);
-    layout->addWidget(caption);
-    layout->addWidget(text_, 1);
-    layout->addWidget(message_);
-    layout->addWidget(matchCase_);
-    layout->addWidget(previous);
-    layout->addWidget(next);
-    layout->addWidget(close);
+    AddClearButton(*text_, tr("Clear the text to find"));
+    auto* line = new QHBoxLayout;
+    line->addWidget(caption);
+    line->addWidget(text_, 1);
+    line->addWidget(message_);
+    line->addWidget(matchCase_);
+    line->addWidget(previous);
+    line->addWidget(next);
+    line->addWidget(close);
+    dynamic_cast<QVBoxLayout&>(*layout()).addLayout(line);
     connect(text_, &QLineEdit::textEdited, this, &FindBar::FindWhileTyping);
     connect(matchCase_, &QCheckBox::toggled, this, &FindBar::FindWhileTyping);
     connect(previous, &QPushButton::clicked, this, &FindBar::FindPrevious);
     connect(next, &QPushButton::clicked, this, &FindBar::FindNext);
     connect(close, &QPushButton::clicked, this, &FindBar::Close);
-    hide();
+}
+
+void FindBar::MakeReplaceLine() {
+    auto* caption = new QLabel(tr("Re&place with:"));
+    caption->setBuddy(replacement_);
+    auto* replace = new QPushButton(tr("Repla&ce"));
+    auto* replaceAll = new QPushButton(tr("Replace &All"));
+    replacement_->setObjectName("replaceText");
+    AddClearButton(*replacement_, tr("Clear the replacement"));
+    replace->setObjectName("replace");
+    replaceAll->setObjectName("replaceAll");
+    auto* line = new QHBoxLayout(replaceLine_);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->addWidget(caption);
+    line->addWidget(replacement_, 1);
+    line->addWidget(replace);
+    line->addWidget(replaceAll);
+    layout()->addWidget(replaceLine_);
+    connect(replace, &QPushButton::clicked, this, &FindBar::Replace);
+    connect(replaceAll, &QPushButton::clicked, this, &FindBar::ReplaceAll);
 }
 
 void FindBar::Open() {
+    Show(false);
+}
+
+void FindBar::OpenReplace() {
+    Show(true);
+}
+
+void FindBar::Show(bool withReplacement) {
     const QTextCursor selection = editor_->textCursor();
     const bool isWithinLine = selection.document()->findBlock(selection.selectionStart()) ==
                               selection.document()->findBlock(selection.selectionEnd());
@@ -54,6 +100,7 @@ void FindBar::Open() {
         text_->setText(selection.selectedText());
     }
     message_->clear();
+    replaceLine_->setVisible(withReplacement);
     show();
     text_->selectAll();
     text_->setFocus();
@@ -88,15 +135,41 @@ void FindBar::Find(bool backwards) {
 }
 
 bool FindBar::FindFrom(const QTextCursor& start, bool backwards) {
-    QTextDocument::FindFlags flags;
+    QTextDocument::FindFlags flags = Flags();
     flags.setFlag(QTextDocument::FindBackward, backwards);
-    flags.setFlag(QTextDocument::FindCaseSensitively, matchCase_->isChecked());
     const QTextCursor found = editor_->document()->find(text_->text(), start, flags);
     if (found.isNull()) {
         return false;
     }
     editor_->setTextCursor(found);
     return true;
+}
+
+QTextDocument::FindFlags FindBar::Flags() const {
+    return matchCase_->isChecked() ? QTextDocument::FindCaseSensitively
+                                   : QTextDocument::FindFlags();
+}
+
+bool FindBar::IsFound(const QString& text) const {
+    return !text.isEmpty() &&
+           text.compare(text_->text(),
+                        matchCase_->isChecked() ? Qt::CaseSensitive : Qt::CaseInsensitive) == 0;
+}
+
+// What is selected is replaced only if it is what is looked for; then the next one is selected.
+void FindBar::Replace() {
+    if (IsFound(editor_->textCursor().selectedText())) {
+        editor_->ReplaceSelection(replacement_->text());
+    }
+    FindNext();
+}
+
+void FindBar::ReplaceAll() {
+    if (text_->text().isEmpty()) {
+        return;
+    }
+    const int count = editor_->ReplaceAll(text_->text(), replacement_->text(), Flags());
+    message_->setText(count == 0 ? tr("Not found") : tr("%1 replaced").arg(count));
 }
 
 void FindBar::Close() {
@@ -108,7 +181,11 @@ void FindBar::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape) {
         Close();
     } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        Find(event->modifiers().testFlag(Qt::ShiftModifier));
+        if (replacement_->hasFocus()) {
+            Replace();
+        } else {
+            Find(event->modifiers().testFlag(Qt::ShiftModifier));
+        }
     } else {
         QWidget::keyPressEvent(event);
     }

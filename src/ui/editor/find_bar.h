@@ -1,23 +1,26 @@
-// The line under an editor in which a person types what to look for.
+// The lines under an editor in which a person types what to look for and what to put in its place.
 #pragma once
 
 #include <QTextCursor>
 #include <QWidget>
 
+#include "ui/editor/source_editor.h"
+
 class QCheckBox;
 class QLabel;
 class QLineEdit;
-class QPlainTextEdit;
 
 namespace corvane::ui {
 
 class FindBar final : public QWidget {
     Q_OBJECT
   public:
-    explicit FindBar(QPlainTextEdit& editor, QWidget* parent = nullptr);
+    explicit FindBar(SourceEditor& editor, QWidget* parent = nullptr);
 
     // Shows the bar, with the editor's selection as what to look for.
     void Open();
+    // The same with the line for the replacement.
+    void OpenReplace();
     // From the caret on; behind the end of the text it goes on at the other end.
     void FindNext();
     void FindPrevious();
@@ -26,13 +29,22 @@ class FindBar final : public QWidget {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
+    void MakeFindLine();
+    void MakeReplaceLine();
+    void Show(bool withReplacement);
     void FindWhileTyping();
     void Find(bool backwards);
     bool FindFrom(const QTextCursor& start, bool backwards);
+    bool IsFound(const QString& text) const;
+    QTextDocument::FindFlags Flags() const;
+    void Replace();
+    void ReplaceAll();
     void Close();
 
-    QPlainTextEdit* editor_;
+    SourceEditor* editor_;
     QLineEdit* text_;
+    QWidget* replaceLine_;
+    QLineEdit* replacement_;
     QCheckBox* matchCase_;
     QLabel* message_;
 };

@@ -12,7 +12,6 @@ namespace corvane::ui {
 
 namespace {
 
-constexpr int kTabColumns = 8;
 constexpr int kLeastDigits = 3;
 
 // In an editor of a few lines, each scroll bar can come and go because of the other without end.

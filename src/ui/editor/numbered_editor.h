@@ -5,6 +5,8 @@
 
 namespace corvane::ui {
 
+inline constexpr int kTabColumns = 8;
+
 class NumberedEditor : public QPlainTextEdit {
     Q_OBJECT
   public:

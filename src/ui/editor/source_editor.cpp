@@ -29,6 +29,23 @@ bool EndsLine(const QKeyEvent& event) {
            event.matches(QKeySequence::InsertLineSeparator);
 }
 
+// One more at the beginning of a line, or one less. Blanks as wide as a tab count as one.
+void ShiftLine(const QTextBlock& line, bool right) {
+    const QString text = line.text();
+    QTextCursor writer(line);
+    if (right && !text.isEmpty()) {
+        writer.insertText(QStringLiteral("\t"));
+    } else if (!right && text.startsWith(QLatin1Char('\t'))) {
+        writer.deleteChar();
+    } else if (!right) {
+        const auto isBlank = [](QChar c) { return c == QLatin1Char(' '); };
+        const auto* end = std::find_if_not(text.begin(), text.end(), isBlank);
+        const auto blanks = std::min<qsizetype>(end - text.begin(), kTabColumns);
+        writer.setPosition(line.position() + static_cast<int>(blanks), QTextCursor::KeepAnchor);
+        writer.removeSelectedText();
+    }
+}
+
 QString LocalFileOf(const QMimeData& data) {
     const QList<QUrl> urls = data.urls();
     return urls.size() == 1 ? urls.constFirst().toLocalFile() : QString();
@@ -253,6 +270,60 @@ void SourceEditor::Type(const QString& text) {
     typedUpTo_ = textCursor().position();
 }
 
+bool SourceEditor::SelectsLines() const {
+    const QTextCursor selection = textCursor();
+    const QTextBlock first = document()->findBlock(selection.selectionStart());
+    const int end = first.position() + first.length() - 1;
+    const bool isWholeLine =
+        selection.selectionStart() == first.position() && selection.selectionEnd() == end;
+    return selection.hasSelection() && (isWholeLine || selection.selectionEnd() > end);
+}
+
+// A line that the selection only reaches, without a character of it, stays.
+void SourceEditor::ShiftLines(bool right) {
+    const QTextCursor selection = textCursor();
+    const int first = document()->findBlock(selection.selectionStart()).blockNumber();
+    const QTextBlock lastBlock = document()->findBlock(selection.selectionEnd());
+    const bool isReachedOnly =
+        lastBlock.blockNumber() > first && lastBlock.position() == selection.selectionEnd();
+    const int last = lastBlock.blockNumber() - (isReachedOnly ? 1 : 0);
+    EditInOneStep([&] {
+        for (int line = first; line <= last; ++line) {
+            ShiftLine(document()->findBlockByNumber(line), right);
+        }
+    });
+    if (selection.hasSelection()) {
+        const QTextBlock end = document()->findBlockByNumber(last);
+        Select(document()->findBlockByNumber(first).position(),
+               end.position() + end.length() - (isReachedOnly ? 0 : 1));
+    }
+}
+
+void SourceEditor::ReplaceSelection(const QString& text) {
+    if (!isReadOnly()) {
+        EditInOneStep([&] { textCursor().insertText(text); });
+    }
+}
+
+int SourceEditor::ReplaceAll(const QString& text, const QString& replacement,
+                             QTextDocument::FindFlags flags) {
+    int count = 0;
+    if (isReadOnly()) {
+        return count;
+    }
+    EditInOneStep([&] {
+        QTextCursor found = document()->find(text, 0, flags);
+        for (; !found.isNull(); found = document()->find(text, found.position(), flags)) {
+            found.insertText(replacement);
+            ++count;
+        }
+    });
+    if (count > 0) {
+        FormWholeText();
+    }
+    return count;
+}
+
 void SourceEditor::Undo() {
     SetEditedLine({});
     undo();
@@ -276,7 +347,10 @@ void SourceEditor::keyPressEvent(QKeyEvent* event) {
         NumberedEditor::keyPressEvent(event);
         return;
     }
-    if (event->matches(QKeySequence::Undo)) {
+    const bool isTab = event->key() == Qt::Key_Tab && event->modifiers() == Qt::NoModifier;
+    if (event->key() == Qt::Key_Backtab || (isTab && SelectsLines())) {
+        ShiftLines(isTab);
+    } else if (event->matches(QKeySequence::Undo)) {
         Undo();
     } else if (event->matches(QKeySequence::Redo)) {
         Redo();
@@ -300,7 +374,7 @@ bool SourceEditor::canInsertFromMimeData(const QMimeData* source) const {
 }
 
 void SourceEditor::insertFromMimeData(const QMimeData* source) {
-    if (source->formats().isEmpty() || !source->hasText()) {
+    if (isReadOnly() || source->formats().isEmpty() || !source->hasText()) {
         return;
     }
     const QString file = isDropping_ ? LocalFileOf(*source) : QString();
@@ -320,6 +394,7 @@ void SourceEditor::insertFromMimeData(const QMimeData* source) {
 
 void SourceEditor::contextMenuEvent(QContextMenuEvent* event) {
     if (isReadOnly()) {
+        NumberedEditor::contextMenuEvent(event);
         return;
     }
     // Not on the stack: the window can be closed while the menu is open.

@@ -33,6 +33,11 @@ class SourceEditor final : public NumberedEditor {
     // Brings every line into form and ends the last one, as part of the last edit.
     void FormWholeText();
 
+    // In place of the selection, and of each text that is found; returns how many there were. The
+    // whole of it is one step back.
+    void ReplaceSelection(const QString& text);
+    int ReplaceAll(const QString& text, const QString& replacement, QTextDocument::FindFlags flags);
+
     // The commands of the Edit menu; Copy is the toolkit's.
     void Undo();
     void Redo();
@@ -57,6 +62,8 @@ class SourceEditor final : public NumberedEditor {
     void EditInOneStep(const std::function<void()>& edit, bool continuesTyping = false);
     void Edit(const std::function<void()>& edit);
     void Type(const QString& text);
+    bool SelectsLines() const;
+    void ShiftLines(bool right);
     void FormLinesLeftBy(const QTextCursor& lineBefore);
     void SetEditedLine(const QTextCursor& line);
     void LeaveEditedLine();

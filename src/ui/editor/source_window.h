@@ -12,8 +12,11 @@
 #include "ui/common/dialogs_factory.h"
 #include "ui/common/secondary_window.h"
 #include "ui/editor/find_bar.h"
+#include "ui/editor/list_menu.h"
 #include "ui/editor/source_editor.h"
+#include "ui/editor/status_line.h"
 #include "ui/editor/text_encoding.h"
+#include "ui/editor/text_keeper.h"
 #include "ui/printing/printing.h"
 
 class QMenu;
@@ -25,8 +28,10 @@ namespace corvane::ui {
 class SourceWindow : public SecondaryWindow, private app::EditedText {
     Q_OBJECT
   public:
+    // Texts that have not been saved are kept in the recovery folder.
     SourceWindow(app::Window number, app::Workbench& workbench, const app::FileKind& kind,
-                 SourceLanguage language, const DialogsFactory& makeDialogs);
+                 SourceLanguage language, const DialogsFactory& makeDialogs,
+                 const std::string& recoveryFolder);
     ~SourceWindow() override;
 
     // The toolkit's printer dialog, unless another chooser is set.
@@ -39,7 +44,9 @@ class SourceWindow : public SecondaryWindow, private app::EditedText {
     QWidget& EditorPane() const { return *editorPane_; }  // the editor with its find bar
     app::SourceFile& File() { return file_; }
     app::Dialogs& Dialogs() const { return *dialogs_; }
-    QMenu& FileMenu() const { return *fileMenu_; }
+    // Stands in the File menu behind what prints the source.
+    void AddPrintCommand(const char* name, const QString& caption,
+                         const std::function<void()>& command);
     QMenu& AddMenu(const char* name, const QString& caption);
     QAction* AddCommand(QMenu& menu, const char* name, const QString& caption,
                         const std::function<void()>& command,
@@ -48,33 +55,49 @@ class SourceWindow : public SecondaryWindow, private app::EditedText {
 
     // "Please save the file first.", "The editor is empty."; false after a message.
     bool IsReady() { return file_.IsReady(editor_->IsEmpty()); }
+    // The same for a translation, which has these files beside the source as its output.
+    bool IsReadyToTranslate(std::initializer_list<std::string_view> outputExtensions);
     // The text as it has been saved; nothing when it was not, after a message.
     std::optional<std::string> Save();
     void Print(const QString& title, const QString& text, const QFont& font);
 
     // Runs a translation with the menus disabled and the text read-only. The window stays alive:
     // pending events are let in now and then, and a close waits until the translation is done.
+    // What it came to is shown with ShowResult.
     void RunTranslation(const std::function<void(const common::ProgressCallback&)>& translate);
     // The person has asked meanwhile to close the window.
     bool IsClosing() const { return isClosing_; }
 
-    // The text was replaced by another file's, or emptied.
-    virtual void TextReplaced() {}
+    void ShowResult(const std::string& text);
+    TextEncoding Encoding() const { return encoding_; }
+
+    // The text was replaced by another file's, or emptied, or is to be translated anew.
+    virtual void TextReplaced();
     // A translation begins or has ended, or has come so far.
     virtual void SetBusy(bool busy);
     virtual void ShowProgress(std::string_view /*status*/, int /*line*/) {}
 
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
   private:
     void Draw() override {}
     void MakeFileMenu();
+    void MakeStatusLine();
     void New();
     void OpenFromDialog();
     void SaveAs();
+    void PrintSource();
+    void Recover(const std::string& id);
     void ShowFile(const std::optional<std::string>& bytes);
+    void ShowText(const std::string& bytes, void (SourceEditor::*load)(const QString&));
     void ShowCaption();
+    void ShowState();
+    void ShowCaret();
+    void ListRecentFiles();
+    void ListKeptTexts();
     void SetSaved(bool isSaved);
+    bool MayEdit();
     bool IsModified() const override { return editor_->document()->isModified(); }
     std::string TextToSave() override;
     bool LoadAnew(const std::string& bytes) override;
@@ -85,10 +108,16 @@ class SourceWindow : public SecondaryWindow, private app::EditedText {
     PrinterChooser choosePrinter_;
     QVBoxLayout* layout_;
     QMenuBar* menuBar_;
-    QMenu* fileMenu_ = nullptr;
+    QMenu* fileMenu_;
+    QAction* listsOfFileMenu_ = nullptr;
+    ListMenu* recentMenu_;
+    ListMenu* recoverMenu_;
     QWidget* editorPane_;
     SourceEditor* editor_;
     FindBar* findBar_;
+    StatusLine* statusLine_;
+    TextKeeper keeper_;
+    QString keepingFailure_;  // why the text could not be kept
     bool isBusy_ = false;
     bool isClosing_ = false;
 };

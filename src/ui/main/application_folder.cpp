@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QStandardPaths>
 
 namespace corvane::ui {
 
@@ -13,6 +14,11 @@ std::string ApplicationFolder() {
         holdsModels ? executables.path()
                     : QDir::cleanPath(executables.filePath(CORVANE_MODELS_FROM_EXECUTABLE));
     return folder.toStdString() + "/";
+}
+
+std::string RecoveryFolder() {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    return folder.toStdString() + "/Corvane/Recovery";
 }
 
 }  // namespace corvane::ui

@@ -11,11 +11,12 @@
 
 namespace corvane::ui {
 
-Desktop::Desktop(std::string applicationFolder, common::SettingsStore& store, app::Clock& clock,
+Desktop::Desktop(Folders folders, common::SettingsStore& store, app::Clock& clock,
                  DialogsFactory makeDialogs)
-    : makeDialogs_(std::move(makeDialogs)),
+    : recoveryFolder_(std::move(folders.recovery)),
+      makeDialogs_(std::move(makeDialogs)),
       dialogs_(makeDialogs_(mainWindow_)),
-      workbench_(std::move(applicationFolder), store, *dialogs_, *this, clock),
+      workbench_(std::move(folders.application), store, *dialogs_, *this, clock),
       menu_(*mainWindow_.menuBar(), *this),
       mainRefresh_(*new RefreshWhenVisible(mainWindow_,
                                            [this] { mainWindow_.ekran(workbench_.Processor()); })) {
@@ -133,7 +134,8 @@ void Desktop::ShowWindow(app::Window window) {
         open->BringForward();
         return;
     }
-    SecondaryWindow* opened = MakeSecondaryWindow(window, workbench_, makeDialogs_);
+    SecondaryWindow* opened =
+        MakeSecondaryWindow(window, workbench_, makeDialogs_, recoveryFolder_);
     if (!HasEditor(window)) {
         opened->addActions(menu_.SimulationActions());
     }

@@ -20,9 +20,14 @@ namespace corvane::ui {
 // The windows that show a text and keep no position.
 enum class TextWindow : std::uint8_t { GettingStarted, HelpTopics, BasicHelpTopics, About };
 
+struct Folders {
+    std::string application;  // the description files, with trailing separator
+    std::string recovery;     // texts that were not saved
+};
+
 class Desktop final : private app::Views {
   public:
-    Desktop(std::string applicationFolder, common::SettingsStore& store, app::Clock& clock,
+    Desktop(Folders folders, common::SettingsStore& store, app::Clock& clock,
             DialogsFactory makeDialogs);
     ~Desktop() override;
     Desktop(const Desktop&) = delete;
@@ -62,6 +67,7 @@ class Desktop final : private app::Views {
     void OpenSource(app::Window window, const QString& path);
     void End(int exitCode);
 
+    std::string recoveryFolder_;
     DialogsFactory makeDialogs_;
     MainWindow mainWindow_;
     std::unique_ptr<app::Dialogs> dialogs_;

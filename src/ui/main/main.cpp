@@ -103,7 +103,7 @@ int main(int argc, char* argv[]) {
     corvane::ui::IniSettingsStore store(corvane::ui::IniSettingsStore::UserPath());
     corvane::app::SystemClock clock;
     corvane::ui::Desktop desktop(
-        corvane::ui::ApplicationFolder(), store, clock,
+        {corvane::ui::ApplicationFolder(), corvane::ui::RecoveryFolder()}, store, clock,
         [](QWidget& window) { return std::make_unique<corvane::ui::QtDialogs>(window); });
     if (!desktop.StartUp(options.modelRow)) {
         return EXIT_FAILURE;

@@ -14,7 +14,8 @@
 namespace corvane::ui {
 
 SecondaryWindow* MakeSecondaryWindow(app::Window window, app::Workbench& workbench,
-                                     const DialogsFactory& makeDialogs) {
+                                     const DialogsFactory& makeDialogs,
+                                     const std::string& recoveryFolder) {
     switch (window) {
         case app::Window::ProgramMemoryViewer:
             return new ProgramMemoryViewer(workbench);
@@ -32,9 +33,9 @@ SecondaryWindow* MakeSecondaryWindow(app::Window window, app::Workbench& workben
         case app::Window::ChipView62x:
             return new ChipView(workbench);
         case app::Window::BasicCompiler:
-            return new BasicWindow(workbench, makeDialogs);
+            return new BasicWindow(workbench, makeDialogs, recoveryFolder);
         case app::Window::Assembler:
-            return new AssemblerWindow(workbench, makeDialogs);
+            return new AssemblerWindow(workbench, makeDialogs, recoveryFolder);
         case app::Window::Main:
             break;  // there is exactly one, and it is open
     }

@@ -9,7 +9,8 @@ namespace corvane::ui {
 
 // The caller owns them.
 SecondaryWindow* MakeSecondaryWindow(app::Window window, app::Workbench& workbench,
-                                     const DialogsFactory& makeDialogs);
+                                     const DialogsFactory& makeDialogs,
+                                     const std::string& recoveryFolder);
 QWidget* MakeTextWindow(TextWindow text);
 
 // Windows in which a person writes have shortcuts of their own.

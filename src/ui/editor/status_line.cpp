@@ -1,0 +1,74 @@
+#include "ui/editor/status_line.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QStyle>
+
+namespace corvane::ui {
+
+namespace {
+
+// Gives up its end, not the window's width, to a text that is too long.
+class EndingLabel final : public QLabel {
+  public:
+    EndingLabel() { setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); }
+
+    QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
+
+  protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, width());
+        style()->drawItemText(&painter, rect(), Qt::AlignLeft | Qt::AlignVCenter, palette(),
+                              isEnabled(), shown, foregroundRole());
+    }
+};
+
+void Prepare(QLabel& label, const char* name, const QString& meaning) {
+    label.setObjectName(name);
+    label.setTextFormat(Qt::PlainText);
+    label.setAccessibleDescription(meaning);
+}
+
+}  // namespace
+
+StatusLine::StatusLine(QWidget* parent) : QWidget(parent), result_(new EndingLabel) {
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(6, 2, 6, 3);
+    layout->setSpacing(3 * layout->spacing());
+    Prepare(*result_, "statusresult", tr("Last translation"));
+    layout->addWidget(result_, 1);
+    state_ = AddLabel("statusstate", tr("State of the text"), tr("modified"));
+    encoding_ = AddLabel("statusencoding", tr("Encoding"), "Latin-1");
+    caret_ = AddLabel("statuscaret", tr("Caret"), tr("Line %1, Column %2").arg(9999).arg(99));
+    ShowCaret(1, 1);
+}
+
+// As wide as its widest text, so that the others keep their places.
+QLabel* StatusLine::AddLabel(const char* name, const QString& meaning, const QString& widestText) {
+    auto* label = new QLabel;
+    Prepare(*label, name, meaning);
+    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(widestText));
+    layout()->addWidget(label);
+    return label;
+}
+
+void StatusLine::ShowResult(const QString& text) {
+    result_->setText(text);
+    result_->update();
+}
+
+void StatusLine::ShowState(const QString& text) {
+    state_->setText(text);
+}
+
+void StatusLine::ShowEncoding(const QString& name) {
+    encoding_->setText(name);
+}
+
+void StatusLine::ShowCaret(int line, int column) {
+    caret_->setText(tr("Line %1, Column %2").arg(line).arg(column));
+}
+
+}  // namespace corvane::ui
