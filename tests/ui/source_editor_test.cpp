@@ -202,7 +202,7 @@ TEST_F(SourceEditorTest, TabShiftsTheSelectedLines) {
         selection.setPosition(position, QTextCursor::KeepAnchor);
         editor.setTextCursor(selection);
     };
-    select(1, 24);  // the end of the selection has but reached the last line
+    select(1, 26);  // the end of the selection has but reached the last line
     Press(Qt::Key_Tab);
     EXPECT_EQ(Text(), "\tone\n\n\t\ttwo\n\t          three\nfour");
     Press(Qt::Key_Backtab, Qt::ShiftModifier);

@@ -1,6 +1,7 @@
 // Runs each scripts/*.txt: what a person does with the windows, and what the windows then show.
 // scripts/README.md says how they are written.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QAbstractItemView>
 #include <QClipboard>
@@ -93,23 +94,23 @@ class WindowScript : public DesktopTest, public testing::WithParamInterface<std:
     void Do(const std::string& line) {
         using Command = void (WindowScript::*)(const std::string&);
         static const std::map<std::string, Command> kCommands = {
-            {"answer", &WindowScript::Answer},   {"cell", &WindowScript::Cell},
-            {"bold", &WindowScript::Bold},       {"choose", &WindowScript::Choose},
-            {"click", &WindowScript::Click},     {"clipboard", &WindowScript::Clipboard},
-            {"clock", &WindowScript::ClockStep}, {"close", &WindowScript::Close},
-            {"color", &WindowScript::Color},     {"do", &WindowScript::Trigger},
-            {"file", &WindowScript::File},       {"focus", &WindowScript::Focus},
-            {"input", &WindowScript::Input},     {"is", &WindowScript::Is},
-            {"key", &WindowScript::Key},         {"line", &WindowScript::Line},
-            {"link", &WindowScript::Link},       {"twin", &WindowScript::Twin},
-            {"load", &WindowScript::LoadWords},  {"model", &WindowScript::Model},
-            {"opened", &WindowScript::Opened},   {"openfile", &WindowScript::OpenFile},
-            {"pin", &WindowScript::PinIs},       {"run", &WindowScript::RunWrites},
-            {"set", &WindowScript::Set},         {"setting", &WindowScript::Setting},
-            {"shown", &WindowScript::Shown},     {"start", &WindowScript::StartUp},
-            {"stored", &WindowScript::Stored},   {"type", &WindowScript::Type},
-            {"wait", &WindowScript::Wait},       {"window", &WindowScript::Switch},
-            {"write", &WindowScript::WriteFile}};
+            {"answer", &WindowScript::Answer},     {"cell", &WindowScript::Cell},
+            {"bold", &WindowScript::Bold},         {"choose", &WindowScript::Choose},
+            {"click", &WindowScript::Click},       {"clipboard", &WindowScript::Clipboard},
+            {"clock", &WindowScript::ClockStep},   {"close", &WindowScript::Close},
+            {"color", &WindowScript::Color},       {"do", &WindowScript::Trigger},
+            {"file", &WindowScript::File},         {"focus", &WindowScript::Focus},
+            {"input", &WindowScript::Input},       {"is", &WindowScript::Is},
+            {"key", &WindowScript::Key},           {"line", &WindowScript::Line},
+            {"link", &WindowScript::Link},         {"twin", &WindowScript::Twin},
+            {"fifo", &WindowScript::Fifo},         {"load", &WindowScript::LoadWords},
+            {"model", &WindowScript::Model},       {"opened", &WindowScript::Opened},
+            {"openfile", &WindowScript::OpenFile}, {"pin", &WindowScript::PinIs},
+            {"run", &WindowScript::RunWrites},     {"set", &WindowScript::Set},
+            {"setting", &WindowScript::Setting},   {"shown", &WindowScript::Shown},
+            {"start", &WindowScript::StartUp},     {"stored", &WindowScript::Stored},
+            {"type", &WindowScript::Type},         {"wait", &WindowScript::Wait},
+            {"window", &WindowScript::Switch},     {"write", &WindowScript::WriteFile}};
         const auto [command, rest] = Split(line);
         const auto found = kCommands.find(command);
         ASSERT_NE(found, kCommands.end()) << command;
@@ -191,6 +192,7 @@ class WindowScript : public DesktopTest, public testing::WithParamInterface<std:
         const auto [name, target] = Split(text);
         fs::create_symlink(target, folder.path + name);
     }
+    void Fifo(const std::string& name) { mkfifo((folder.path + name).c_str(), 0600); }
     void Twin(const std::string& text) {
         const auto [name, other] = Split(text);
         fs::create_hard_link(folder.path + other, folder.path + name);

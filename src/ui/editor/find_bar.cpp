@@ -2,13 +2,13 @@
 
 #include <QAction>
 #include <QCheckBox>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTextBlock>
-#include <QVBoxLayout>
 
 namespace corvane::ui {
 
@@ -21,26 +21,39 @@ void AddClearButton(QLineEdit& line, const QString& name) {
     }
 }
 
+// The captions and the texts stand below each other, what belongs to a text beside it.
+void AddLine(QGridLayout& grid, const QList<QWidget*>& widgets) {
+    const int row = grid.rowCount();
+    auto* rest = new QHBoxLayout;
+    grid.addWidget(widgets[0], row, 0);
+    grid.addWidget(widgets[1], row, 1);
+    grid.addLayout(rest, row, 2);
+    for (QWidget* widget : widgets.mid(2)) {
+        rest->addWidget(widget);
+    }
+    rest->addStretch();
+}
+
 }  // namespace
 
 FindBar::FindBar(SourceEditor& editor, QWidget* parent)
     : QWidget(parent),
       editor_(&editor),
       text_(new QLineEdit),
-      replaceLine_(new QWidget),
       replacement_(new QLineEdit),
       matchCase_(new QCheckBox(tr("&Match case"))),
       message_(new QLabel) {
     message_->setObjectName("findMessage");
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(6, 2, 6, 2);
-    layout->setSpacing(2);
-    MakeFindLine();
-    MakeReplaceLine();
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(6, 2, 6, 2);
+    grid->setVerticalSpacing(2);
+    grid->setColumnStretch(1, 1);
+    MakeFindLine(*grid);
+    MakeReplaceLine(*grid);
     hide();
 }
 
-void FindBar::MakeFindLine() {
+void FindBar::MakeFindLine(QGridLayout& grid) {
     auto* caption = new QLabel(tr("F&ind:"));
     caption->setBuddy(text_);
     auto* previous = new QPushButton(tr("P&revious"));
@@ -48,15 +61,7 @@ void FindBar::MakeFindLine() {
     auto* close = new QPushButton(tr("C&lose"));
     text_->setObjectName("findText");
     AddClearButton(*text_, tr("Clear the text to find"));
-    auto* line = new QHBoxLayout;
-    line->addWidget(caption);
-    line->addWidget(text_, 1);
-    line->addWidget(message_);
-    line->addWidget(matchCase_);
-    line->addWidget(previous);
-    line->addWidget(next);
-    line->addWidget(close);
-    dynamic_cast<QVBoxLayout&>(*layout()).addLayout(line);
+    AddLine(grid, {caption, text_, message_, matchCase_, previous, next, close});
     connect(text_, &QLineEdit::textEdited, this, &FindBar::FindWhileTyping);
     connect(matchCase_, &QCheckBox::toggled, this, &FindBar::FindWhileTyping);
     connect(previous, &QPushButton::clicked, this, &FindBar::FindPrevious);
@@ -64,7 +69,7 @@ void FindBar::MakeFindLine() {
     connect(close, &QPushButton::clicked, this, &FindBar::Close);
 }
 
-void FindBar::MakeReplaceLine() {
+void FindBar::MakeReplaceLine(QGridLayout& grid) {
     auto* caption = new QLabel(tr("Re&place with:"));
     caption->setBuddy(replacement_);
     auto* replace = new QPushButton(tr("Repla&ce"));
@@ -73,13 +78,8 @@ void FindBar::MakeReplaceLine() {
     AddClearButton(*replacement_, tr("Clear the replacement"));
     replace->setObjectName("replace");
     replaceAll->setObjectName("replaceAll");
-    auto* line = new QHBoxLayout(replaceLine_);
-    line->setContentsMargins(0, 0, 0, 0);
-    line->addWidget(caption);
-    line->addWidget(replacement_, 1);
-    line->addWidget(replace);
-    line->addWidget(replaceAll);
-    layout()->addWidget(replaceLine_);
+    replaceLine_ = {caption, replacement_, replace, replaceAll};
+    AddLine(grid, replaceLine_);
     connect(replace, &QPushButton::clicked, this, &FindBar::Replace);
     connect(replaceAll, &QPushButton::clicked, this, &FindBar::ReplaceAll);
 }
@@ -100,7 +100,9 @@ void FindBar::Show(bool withReplacement) {
         text_->setText(selection.selectedText());
     }
     message_->clear();
-    replaceLine_->setVisible(withReplacement);
+    for (QWidget* widget : replaceLine_) {
+        widget->setVisible(withReplacement);
+    }
     show();
     text_->selectAll();
     text_->setFocus();

@@ -7,6 +7,7 @@
 #include "ui/editor/source_editor.h"
 
 class QCheckBox;
+class QGridLayout;
 class QLabel;
 class QLineEdit;
 
@@ -29,8 +30,8 @@ class FindBar final : public QWidget {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
-    void MakeFindLine();
-    void MakeReplaceLine();
+    void MakeFindLine(QGridLayout& grid);
+    void MakeReplaceLine(QGridLayout& grid);
     void Show(bool withReplacement);
     void FindWhileTyping();
     void Find(bool backwards);
@@ -43,8 +44,8 @@ class FindBar final : public QWidget {
 
     SourceEditor* editor_;
     QLineEdit* text_;
-    QWidget* replaceLine_;
     QLineEdit* replacement_;
+    QList<QWidget*> replaceLine_;  // shown and hidden together
     QCheckBox* matchCase_;
     QLabel* message_;
 };
