@@ -72,7 +72,7 @@ class Audit {
             EXPECT_EQ(description, name);
             EXPECT_EQ(label.toolTip(), name);
         } else if (isValue) {
-            EXPECT_EQ(name, label.text().isEmpty() ? "empty" : label.text());
+            EXPECT_EQ(name, label.text());
         }
         if (!isBit && (!isValue || label.buddy() != nullptr)) {
             return;  // it is a caption

@@ -32,6 +32,8 @@ TEST_F(DisassemblerWindowTest, PrintsUnderTheNameOfTheProgram) {
         return false;
     });
     Child<QAction>(*window, "menuprint")->trigger();
+    EXPECT_EQ(printed, "") << "whoever chose the command waits for its dialogs";
+    QCoreApplication::processEvents();
     EXPECT_EQ(printed, "program.hex");
 }
 

@@ -33,6 +33,20 @@ TEST_F(MainWindowTest, EmptyRowsOfShortLists) {
     EXPECT_EQ(Bit("qsfrbit4[0]"), "STATUS bit 4: not implemented");
 }
 
+TEST_F(MainWindowTest, ALargerWindowLeavesTheTablesWhole) {
+    Start();
+    const auto top = [this](const char* name) {
+        return Child<QLabel>(desktop->Main(), name)->mapTo(&desktop->Main(), QPoint()).y();
+    };
+    const int distance = top("qsfr[15]") - top("qsfr[0]");
+    const int heading = top("qsfr[0]") - top("qpc");
+    desktop->Main().resize(1900, 1400);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(top("qsfr[15]") - top("qsfr[0]"), distance);
+    EXPECT_EQ(top("qgpr[15]") - top("qgpr[0]"), distance);
+    EXPECT_EQ(top("qsfr[0]") - top("qpc"), heading) << "headings stay with their table";
+}
+
 TEST_F(MainWindowTest, WithoutDescriptionFileTheApplicationEnds) {
     modelFolder = folder.path;
     desktop.emplace(Folders{modelFolder, recoveryFolder}, store, clock,

@@ -42,9 +42,18 @@ TEST_F(SecondaryWindowsTest, NeverOpensOutOfReach) {
         Start();
         const SecondaryWindow& viewer = Open(Window::HardwareStackViewer);
         const QRect screen = viewer.screen()->availableGeometry();
-        EXPECT_TRUE(screen.intersects(QRect(viewer.pos(), QSize(viewer.width(), 20)))) << far;
-        EXPECT_GE(viewer.pos().y(), screen.top());
+        EXPECT_TRUE(screen.contains(viewer.frameGeometry())) << far;
     }
+}
+
+TEST_F(SecondaryWindowsTest, AreNoLargerThanTheScreen) {
+    store.values = {{"Microcontroller Model", "5"}};
+    Start();
+    const QRect screen = desktop->Main().screen()->availableGeometry();
+    EXPECT_TRUE(screen.contains(desktop->Main().frameGeometry()));
+    Trigger("menuperipheraldevices");
+    const SecondaryWindow& view = *desktop->Find(Window::ChipView40);
+    EXPECT_TRUE(screen.contains(view.frameGeometry()));
 }
 
 TEST_F(SecondaryWindowsTest, MinimisedAndMaximisedWindowsStoreTheirNormalPosition) {

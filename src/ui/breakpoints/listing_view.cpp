@@ -29,7 +29,7 @@ ListingView::ListingView() : scrollBar_(new QScrollBar(Qt::Vertical)) {
         MakeRow(row);
         column->addWidget(rows_.at(static_cast<std::size_t>(row)));
     }
-    column->addStretch();
+    column->addStretch(1);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "ui/chipview/analog_panel.h"
+#include "ui/common/fitting_area.h"
 
 namespace corvane::ui {
 
@@ -35,7 +36,7 @@ ChipView::ChipView(app::Workbench& workbench)
         AddAnalogPanel(*diagram);
     }
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(diagram);
+    layout->addWidget(new FittingArea(diagram), 1);
     AddFooter(*layout);
 }
 

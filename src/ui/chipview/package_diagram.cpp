@@ -76,7 +76,7 @@ void PackageDiagram::AddPin(const PackagePin& pin) {
     const bool isLeft = pin.side == PackageSide::Left;
     const Qt::Alignment outwards = isLeft ? Qt::AlignLeft : Qt::AlignRight;
     const Qt::Alignment inwards = isLeft ? Qt::AlignRight : Qt::AlignLeft;
-    Put(MakePinLabel(pin.label), pin, Column::Label, inwards | Qt::AlignVCenter);
+    Put(new PinLabel(pin.label), pin, Column::Label, inwards | Qt::AlignVCenter);
     auto* number = new QLabel(QString::number(pin.number));
     number->setMargin(kNumberMargin);
     Put(number, pin, Column::Number, outwards | Qt::AlignVCenter);

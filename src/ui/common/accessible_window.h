@@ -1,11 +1,16 @@
-// Tells assistive technology that a widget is a window, which the toolkit says of dialogs only.
+// What the toolkit does not tell assistive technology of a widget by itself.
 #pragma once
 
+#include <QLabel>
 #include <QWidget>
 
 namespace corvane::ui {
 
-// To be called by the window's constructor.
+// The widget is a window, which the toolkit says of dialogs only. To be called by its constructor.
 void MakeAccessibleAsWindow(QWidget& window);
+
+// The label's name is its text, also an empty one: the toolkit would call it after the group that
+// it stands in. To be called by its constructor.
+void MakeAccessibleAsValue(QLabel& label);
 
 }  // namespace corvane::ui

@@ -1,13 +1,19 @@
 #include "ui/common/data_font.h"
 
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QFontMetricsF>
 #include <cmath>
 
 namespace corvane::ui {
 
 QFont DataFont() {
-    return QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    if (!QFontInfo(font).fixedPitch()) {  // a desktop that has none set
+        font.setFamily(QStringLiteral("monospace"));
+        font.setStyleHint(QFont::Monospace);
+    }
+    return font;
 }
 
 QSize DataTextSize(int columns, int lines) {

@@ -2,6 +2,7 @@
 
 #include <QAnyStringView>
 
+#include "ui/common/accessible_window.h"
 #include "ui/common/data_font.h"
 #include "ui/common/field_frame.h"
 
@@ -11,7 +12,7 @@ DataLabel::DataLabel(int columns, QWidget* parent) : QLabel(parent) {
     setTextFormat(Qt::PlainText);
     setFont(DataFont());
     setFixedSize(DataTextSize(columns, 1));
-    NameEmptyText();
+    MakeAccessibleAsValue(*this);
 }
 
 void DataLabel::SetFramed() {
@@ -30,13 +31,7 @@ void DataLabel::ShowText(std::string_view newText) {
     const QUtf8StringView view(newText.data(), static_cast<qsizetype>(newText.size()));
     if (!QAnyStringView::equal(text(), view)) {
         setText(view.toString());
-        NameEmptyText();
     }
-}
-
-void DataLabel::NameEmptyText() {
-    // A label without text and name would be called after the group that it stands in.
-    setAccessibleName(text().isEmpty() ? tr("empty") : QString());
 }
 
 void DataLabel::Emphasize(bool on) {

@@ -22,9 +22,6 @@ class DataLabel : public QLabel {
     void ShowText(std::string_view text);
     // Sets a value that has just changed off from the others.
     void Emphasize(bool on);
-
-  private:
-    void NameEmptyText();
 };
 
 }  // namespace corvane::ui

@@ -1,5 +1,6 @@
 #include "ui/common/modal_dialog.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QPointer>
 
@@ -38,10 +39,41 @@ class PutOffClose final : public QObject {
     bool isClosing_ = false;
 };
 
+bool IsKeptOnTop(const QWidget& window) {
+    return window.isVisible() && window.windowFlags().testFlag(Qt::WindowStaysOnTopHint);
+}
+
+// Keeps the dialog above every window of the application. Window managers keep it above its own
+// window only, and a window that is kept on top is above both.
+class InFront final : public QObject {
+  public:
+    explicit InFront(QDialog& dialog) : dialog_(&dialog) {
+        for (const QWidget* window : QApplication::topLevelWidgets()) {
+            if (IsKeptOnTop(*window)) {
+                dialog.setWindowFlag(Qt::WindowStaysOnTopHint);
+            }
+        }
+        qApp->installEventFilter(this);
+    }
+
+  protected:
+    bool eventFilter(QObject* object, QEvent* event) override {
+        if (event->type() == QEvent::WindowActivate && object != dialog_ &&
+            QApplication::activeModalWidget() == dialog_ && object->isWidgetType()) {
+            dialog_->raise();
+        }
+        return false;
+    }
+
+  private:
+    QDialog* dialog_;
+};
+
 }  // namespace
 
 int RunModal(QDialog& dialog, QWidget* window) {
     const PutOffClose putOffClose(window);
+    const InFront inFront(dialog);
     return dialog.exec();
 }
 

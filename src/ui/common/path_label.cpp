@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QStyle>
 
+#include "ui/common/accessible_window.h"
 #include "ui/common/data_font.h"
 #include "ui/common/field_frame.h"
 
@@ -12,14 +13,13 @@ PathLabel::PathLabel(QWidget* parent) : QLabel(parent) {
     setTextFormat(Qt::PlainText);
     setFont(DataFont());
     SetFieldFrame(*this);
-    ShowPath(QString());
+    MakeAccessibleAsValue(*this);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
 }
 
 void PathLabel::ShowPath(const QString& path) {
     setText(path);
     setToolTip(path);
-    setAccessibleName(path.isEmpty() ? tr("empty") : QString());
 }
 
 QSize PathLabel::minimumSizeHint() const {

@@ -34,16 +34,16 @@ QMessageBox::StandardButton ShowBox(QWidget* window, std::string_view text,
     return static_cast<QMessageBox::StandardButton>(RunModal(box, window));
 }
 
-// "Intel HEX files (*.hex)|*.hex|All files (*.*)|*.*" as the toolkit wants it; "*.*" means every
-// file, also one without a point in its name.
+// "Intel HEX files (*.hex)|*.hex|All files (*.*)|*.*" as the toolkit wants it: the pattern stands
+// in brackets behind the description, which alone is shown; "*.*" means every file, also one
+// without a point in its name.
 QStringList NameFilters(std::string_view filters) {
     QStringList result;
     const QStringList parts = QtString(filters).split(QLatin1Char('|'));
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-        const QString description = parts[i].section(QStringLiteral(" ("), 0, 0);
         const QString pattern =
             parts[i + 1] == QLatin1String("*.*") ? QStringLiteral("*") : parts[i + 1];
-        result.append(description + " (" + pattern + ")");
+        result.append(parts[i] + " (" + pattern + ")");
     }
     return result;
 }
@@ -52,6 +52,7 @@ std::optional<std::string> RunFileDialog(QFileDialog& box, QWidget* window,
                                          const app::FileDialog& dialog) {
     box.setWindowModality(Qt::WindowModal);
     box.setWindowTitle(QtString(dialog.title));
+    box.setOption(QFileDialog::HideNameFilterDetails);
     box.setNameFilters(NameFilters(dialog.filters));
     box.setDirectory(QString::fromStdString(dialog.folder));
     if (!dialog.fileName.empty()) {

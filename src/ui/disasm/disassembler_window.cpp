@@ -12,6 +12,7 @@
 #include "common/settings_store.h"
 #include "common/text.h"
 #include "disasm/listing.h"
+#include "ui/common/command.h"
 #include "ui/common/data_font.h"
 #include "ui/common/qt_text.h"
 
@@ -73,17 +74,13 @@ DisassemblerWindow::~DisassemblerWindow() = default;
 void DisassemblerWindow::MakeMenus(QMenuBar& menuBar) {
     QMenu* file = menuBar.addMenu(tr("&File"));
     file->setObjectName("menu1");
-    QAction* save = file->addAction(tr("&Save Listing"), this, &DisassemblerWindow::Save);
-    save->setObjectName("menusave");
-    save->setShortcut(QKeySequence::Save);
-    QAction* print = file->addAction(tr("&Print"), this, &DisassemblerWindow::Print);
-    print->setObjectName("menuprint");
-    print->setShortcut(QKeySequence::Print);
+    AddCommand(*file, {"menusave", tr("&Save Listing"), QKeySequence::Save}, *this,
+               [this] { Save(); });
+    AddCommand(*file, {"menuprint", tr("&Print"), QKeySequence::Print}, *this, [this] { Print(); });
     QMenu* options = menuBar.addMenu(tr("&Options"));
     options->setObjectName("menu2");
-    withoutOpcodes_ =
-        options->addAction(tr("Listing Without Opcodes"), this, &DisassemblerWindow::ToggleOpcodes);
-    withoutOpcodes_->setObjectName("menunoopcodes");
+    withoutOpcodes_ = AddCommand(*options, {"menunoopcodes", tr("Listing Without Opcodes")}, *this,
+                                 [this] { ToggleOpcodes(); });
     withoutOpcodes_->setCheckable(true);
 }
 

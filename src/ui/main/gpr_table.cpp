@@ -30,7 +30,6 @@ GprTable::GprTable()
     for (int column = 0; column < kColumns; ++column) {
         AddHeadings(*grid, column * kGridColumns);
         grid->setColumnMinimumWidth(column * kGridColumns + 2, 2 * kColumnGap);
-        grid->setColumnStretch(column * kGridColumns + 2, 1);
     }
     for (int i = 0; i < kColumns * kRowsPerColumn; ++i) {
         const Row row{.name = new DataLabel(5), .value = new DataLabel(4)};
@@ -42,6 +41,8 @@ GprTable::GprTable()
         grid->addWidget(row.value, 2 + i % kRowsPerColumn, column + 1);
         rows_.push_back(row);
     }
+    grid->setColumnStretch(kColumns * kGridColumns + 1, 1);
+    grid->setRowStretch(2 + kRowsPerColumn, 1);  // with the column, what a larger window spares
     grid->addWidget(ScrollBar(), 2, kColumns * kGridColumns, kRowsPerColumn, 1);
 }
 

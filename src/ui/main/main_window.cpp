@@ -9,6 +9,8 @@
 #include <QVBoxLayout>
 #include <array>
 
+#include "ui/common/fitting_area.h"
+
 namespace corvane::ui {
 
 namespace {
@@ -56,11 +58,12 @@ MainWindow::MainWindow()
     auto* tables = new QHBoxLayout;
     tables->addWidget(gprs_, 1);
     tables->addWidget(sfrs_, 2);
-    setCentralWidget(new QWidget);
-    auto* layout = new QVBoxLayout(centralWidget());
+    auto* content = new QWidget;
+    auto* layout = new QVBoxLayout(content);
     layout->addLayout(top);
     layout->addLayout(tables, 1);
     layout->addWidget(runPanel_);
+    setCentralWidget(new FittingArea(content));
 }
 
 void MainWindow::AddScrollKeys() {

@@ -72,10 +72,12 @@ SfrTable::SfrTable() : RegisterTable(tr("Special Function Registers (SFRs)"), "q
         }
         rows_.push_back(row);
     }
-    grid->setColumnStretch(kValueColumn - 1, 1);
-    grid->setColumnStretch(kFirstBitColumn - 1, 1);
+    grid->setColumnMinimumWidth(kValueColumn - 1, kColumnGap);
+    grid->setColumnMinimumWidth(kFirstBitColumn - 1, kColumnGap);
     const int gapColumn = kFirstBitColumn + kBits;
     grid->setColumnMinimumWidth(gapColumn, kColumnGap);
+    grid->setColumnStretch(gapColumn + 2, 1);
+    grid->setRowStretch(2 + kRows, 1);  // with the column, what a larger window spares
     grid->addWidget(ScrollBar(), 2, gapColumn + 1, kRows, 1);
 }
 
