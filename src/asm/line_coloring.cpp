@@ -20,6 +20,7 @@ namespace {
 // The instructions by group, those of a group by their names, then the directives.
 std::vector<std::string_view> Keywords() {
     std::vector<const isa::Instruction*> instructions;
+    instructions.reserve(isa::kInstructions.size());
     for (const isa::Instruction& row : isa::kInstructions) {
         instructions.push_back(&row);
     }
@@ -28,6 +29,7 @@ std::vector<std::string_view> Keywords() {
                   return std::tie(a->group, a->mnemonic) < std::tie(b->group, b->mnemonic);
               });
     std::vector<std::string_view> keywords;
+    keywords.reserve(instructions.size() + kDirectives.size());
     for (const isa::Instruction* row : instructions) {
         keywords.push_back(row->mnemonic);
     }

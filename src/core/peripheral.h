@@ -26,13 +26,13 @@ struct CellAccess {
 };
 
 // Bits of a claimed cell.
-enum CellEffect : std::uint8_t {
-    kReadEffect = 1,   // a read is not simply the cell; such a cell has the other effect too
-    kWriteEffect = 2,  // a write, or a read before a write, does more than the plain thing
-    // The cell is the latch of a port without analog inputs: a read gives its levels, a write
-    // changes them at once.
-    kDigitalPortEffect = 4,
-};
+using CellEffect = std::uint8_t;
+constexpr CellEffect kReadEffect = 1;  // a read is not simply the cell; it has the other effect too
+constexpr CellEffect kWriteEffect =
+    2;  // a write, or a read before it, does more than the plain thing
+// The cell is the latch of a port without analog inputs: a read gives its levels, a write changes
+// them at once.
+constexpr CellEffect kDigitalPortEffect = 4;
 
 // Who owns which cells, by data-memory address. Cells that nobody claims just hold their value.
 class CellTable;
