@@ -18,7 +18,7 @@ struct FileKind {
     std::string_view saveTitle;
     std::string_view filters;
     std::string_view extension;
-    std::string_view recentFiles = "";  // what the settings call them, without the number
+    std::string_view recentFiles{};  // what the settings call them, without the number
 };
 
 extern const FileKind kAssemblerSource;
