@@ -57,7 +57,7 @@ class DesktopTest : public testing::Test {
         auto* action = Child<QAction>(desktop->Main(), menuCommand);
         ASSERT_TRUE(action->isEnabled()) << menuCommand;
         action->trigger();
-        QCoreApplication::sendPostedEvents(action);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
     }
 
     template <typename Widget>

@@ -267,7 +267,7 @@ class WindowScript : public DesktopTest, public testing::WithParamInterface<std:
         for (int i = times.empty() ? 1 : Number(times); i > 0; --i) {
             ASSERT_TRUE(action->isEnabled()) << name;
             action->trigger();
-            QCoreApplication::sendPostedEvents(action);
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
             QCoreApplication::processEvents();
         }
     }

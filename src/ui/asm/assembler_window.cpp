@@ -9,6 +9,7 @@
 #include "asm/line_coloring.h"
 #include "asm/listing.h"
 #include "common/text.h"
+#include "ui/common/command.h"
 #include "ui/common/modal_dialog.h"
 #include "ui/common/window_placement.h"
 #include "ui/dialogs/configuration_bits_dialog.h"
@@ -58,27 +59,24 @@ AssemblerWindow::AssemblerWindow(app::Workbench& workbench, const DialogsFactory
 void AssemblerWindow::MakeMenus() {
     AddPrintCommand("menuprint2", tr("Print Output"), [this] { PrintOutput(); });
     QMenu& tools = AddMenu("menu2", tr("&Tools"));
-    AddCommand(
-        tools, "menuassemble", tr("&Assemble"), [this] { Assemble(); }, QKeySequence(Qt::Key_F7));
+    AddCommand(tools, {"menuassemble", tr("&Assemble"), QKeySequence(Qt::Key_F7)}, *this,
+               [this] { Assemble(); });
     tools.addSeparator();
-    nextError_ = AddCommand(
-        tools, "menunexterror", tr("&Next Error"), [this] { output_->FollowNext(); },
-        QKeySequence(Qt::Key_F8));
+    nextError_ = AddCommand(tools, {"menunexterror", tr("&Next Error"), QKeySequence(Qt::Key_F8)},
+                            *this, [this] { output_->FollowNext(); });
     previousError_ = AddCommand(
-        tools, "menupreviouserror", tr("&Previous Error"), [this] { output_->FollowPrevious(); },
-        QKeySequence(Qt::SHIFT | Qt::Key_F8));
+        tools, {"menupreviouserror", tr("&Previous Error"), QKeySequence(Qt::SHIFT | Qt::Key_F8)},
+        *this, [this] { output_->FollowPrevious(); });
     nextError_->setEnabled(false);
     previousError_->setEnabled(false);
     QMenu& options = AddMenu("menu3", tr("&Options"));
-    AddCommand(options, "menuconfig", tr("Configuration Bits"),
+    AddCommand(options, {"menuconfig", tr("Configuration Bits")}, *this,
                [this] { EditConfigurationBits(); });
-    QAction* noColors = options.addAction(tr("Turn Off Colors"));
-    noColors->setObjectName("menunocolors");
-    noColors->setCheckable(true);
-    noColors->setChecked(
-        common::ReadSwitchSetting(Workbench().Settings().Store(), app::kTurnOffColors));
-    Editor().SetFormEnabled(!noColors->isChecked());
-    connect(noColors, &QAction::triggered, this, &AssemblerWindow::TurnColorsOff);
+    const bool noColors =
+        common::ReadSwitchSetting(Workbench().Settings().Store(), app::kTurnOffColors);
+    AddSwitch(options, {"menunocolors", tr("Turn Off Colors")}, noColors, *this,
+              [this](bool off) { TurnColorsOff(off); });
+    Editor().SetFormEnabled(!noColors);
 }
 
 void AssemblerWindow::ReadFigures() {

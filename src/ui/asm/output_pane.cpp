@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "ui/common/command.h"
 #include "ui/common/data_font.h"
 #include "ui/common/tinted.h"
 
@@ -58,8 +59,9 @@ OutputPane::OutputPane(QWidget* parent) : QListView(parent), contextMenu_(new QM
     setSelectionMode(ExtendedSelection);
     setHorizontalScrollMode(ScrollPerPixel);
     setMouseTracking(true);
-    contextMenu_->addAction(tr("&Copy"), this, &OutputPane::CopySelection);
-    contextMenu_->addAction(tr("Select &All"), this, &OutputPane::selectAll);
+    AddCommand(*contextMenu_, {"outputcopy", tr("&Copy")}, *this, [this] { CopySelection(); });
+    AddCommand(*contextMenu_, {"outputselectall", tr("Select &All")}, *this,
+               [this] { selectAll(); });
 }
 
 void OutputPane::ShowOutput(const QString& text, std::vector<OutputLink> links) {

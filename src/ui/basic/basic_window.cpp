@@ -6,6 +6,7 @@
 
 #include "app/translate.h"
 #include "basic/editor_form.h"
+#include "ui/common/command.h"
 
 namespace corvane::ui {
 
@@ -29,8 +30,8 @@ BasicWindow::BasicWindow(app::Workbench& workbench, const DialogsFactory& makeDi
     Editor().setAccessibleName(tr("BASIC source"));
     Layout().insertWidget(0, &EditorPane(), 1);
     QMenu& tools = AddMenu("menu2", tr("&Tools"));
-    AddCommand(
-        tools, "menucompile", tr("&Compile"), [this] { Compile(); }, QKeySequence(Qt::Key_F7));
+    AddCommand(tools, {"menucompile", tr("&Compile"), QKeySequence(Qt::Key_F7)}, *this,
+               [this] { Compile(); });
     resize(kInitialSize);
 }
 

@@ -18,4 +18,8 @@ struct Command {
 QAction* AddCommand(QMenu& menu, const Command& command, QObject& receiver,
                     const std::function<void()>& run);
 
+// A command that switches something: run gets the new state.
+QAction* AddSwitch(QMenu& menu, const Command& command, bool isOn, QObject& receiver,
+                   const std::function<void(bool isOn)>& run);
+
 }  // namespace corvane::ui

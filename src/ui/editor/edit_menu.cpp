@@ -4,20 +4,11 @@
 #include <QTextCursor>
 #include <QTextDocument>
 
+#include "ui/common/command.h"
+
 namespace corvane::ui {
 
 namespace {
-
-template <typename Command>
-QAction* AddCommand(QMenu& menu, const char* name, const QString& caption,
-                    const QKeySequence& shortcut, Command command) {
-    QAction* action = menu.addAction(caption);
-    action->setObjectName(name);
-    action->setShortcut(shortcut);
-    // Queued, because a command may wait for an answer, and whoever chose it must not wait with it.
-    QObject::connect(action, &QAction::triggered, &menu, command, Qt::QueuedConnection);
-    return action;
-}
 
 void AskLine(SourceEditor& editor, app::Dialogs& dialogs) {
     const std::string lines = std::to_string(editor.blockCount());
@@ -40,32 +31,34 @@ QMenu* MakeEditMenu(SourceEditor& editor, FindBar& findBar, app::Dialogs& dialog
                     QWidget* parent) {
     auto* menu = new QMenu(QMenu::tr("&Edit"), parent);
     menu->setObjectName("menuedit");
-    QAction* undo = AddCommand(*menu, "menuundo", QMenu::tr("&Undo"), QKeySequence::Undo,
+    QAction* undo = AddCommand(*menu, {"menuundo", QMenu::tr("&Undo"), QKeySequence::Undo}, *menu,
                                [&editor] { editor.Undo(); });
-    QAction* redo = AddCommand(*menu, "menuredo", QMenu::tr("&Redo"), QKeySequence::Redo,
+    QAction* redo = AddCommand(*menu, {"menuredo", QMenu::tr("&Redo"), QKeySequence::Redo}, *menu,
                                [&editor] { editor.Redo(); });
     menu->addSeparator();
-    QAction* cut = AddCommand(*menu, "menucut", QMenu::tr("Cu&t"), QKeySequence::Cut,
+    QAction* cut = AddCommand(*menu, {"menucut", QMenu::tr("Cu&t"), QKeySequence::Cut}, *menu,
                               [&editor] { editor.Cut(); });
-    QAction* copy = AddCommand(*menu, "menucopy", QMenu::tr("&Copy"), QKeySequence::Copy,
+    QAction* copy = AddCommand(*menu, {"menucopy", QMenu::tr("&Copy"), QKeySequence::Copy}, *menu,
                                [&editor] { editor.copy(); });
-    AddCommand(*menu, "menupaste", QMenu::tr("&Paste"), QKeySequence::Paste,
+    AddCommand(*menu, {"menupaste", QMenu::tr("&Paste"), QKeySequence::Paste}, *menu,
                [&editor] { editor.Paste(); });
-    AddCommand(*menu, "menuselectall", QMenu::tr("Select &All"), QKeySequence::SelectAll,
+    AddCommand(*menu, {"menuselectall", QMenu::tr("Select &All"), QKeySequence::SelectAll}, *menu,
                [&editor] { editor.selectAll(); });
     editor.SetContextActions(menu->actions());
     menu->addSeparator();
-    AddCommand(*menu, "menufind", QMenu::tr("&Find..."), QKeySequence::Find,
+    AddCommand(*menu, {"menufind", QMenu::tr("&Find..."), QKeySequence::Find}, *menu,
                [&findBar] { findBar.Open(); });
-    AddCommand(*menu, "menufindnext", QMenu::tr("Find &Next"), QKeySequence(Qt::Key_F3),
+    AddCommand(*menu, {"menufindnext", QMenu::tr("Find &Next"), QKeySequence(Qt::Key_F3)}, *menu,
                [&findBar] { findBar.FindNext(); });
-    AddCommand(*menu, "menufindprevious", QMenu::tr("Find Pre&vious"),
-               QKeySequence(Qt::SHIFT | Qt::Key_F3), [&findBar] { findBar.FindPrevious(); });
-    AddCommand(*menu, "menureplace", QMenu::tr("R&eplace..."), QKeySequence(Qt::CTRL | Qt::Key_H),
-               [&findBar] { findBar.OpenReplace(); });
-    AddCommand(*menu, "menugotoline", QMenu::tr("&Go to Line..."),
-               QKeySequence(Qt::CTRL | Qt::Key_G),
-               [&editor, &dialogs] { AskLine(editor, dialogs); });
+    AddCommand(
+        *menu,
+        {"menufindprevious", QMenu::tr("Find Pre&vious"), QKeySequence(Qt::SHIFT | Qt::Key_F3)},
+        *menu, [&findBar] { findBar.FindPrevious(); });
+    AddCommand(*menu, {"menureplace", QMenu::tr("R&eplace..."), QKeySequence(Qt::CTRL | Qt::Key_H)},
+               *menu, [&findBar] { findBar.OpenReplace(); });
+    AddCommand(*menu,
+               {"menugotoline", QMenu::tr("&Go to Line..."), QKeySequence(Qt::CTRL | Qt::Key_G)},
+               *menu, [&editor, &dialogs] { AskLine(editor, dialogs); });
     for (QAction* action : {undo, redo, cut, copy}) {
         action->setEnabled(false);
     }

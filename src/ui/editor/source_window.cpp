@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "common/text.h"
+#include "ui/common/command.h"
 #include "ui/common/event_pump.h"
 #include "ui/editor/edit_menu.h"
 
@@ -59,29 +60,17 @@ QMenu& SourceWindow::AddMenu(const char* name, const QString& caption) {
     return *menu;
 }
 
-QAction* SourceWindow::AddCommand(QMenu& menu, const char* name, const QString& caption,
-                                  const std::function<void()>& command,
-                                  const QKeySequence& shortcut) {
-    QAction* action = menu.addAction(caption);
-    action->setObjectName(name);
-    action->setShortcut(shortcut);
-    // Queued, because a command may wait for an answer, and whoever chose it must not wait with it.
-    connect(action, &QAction::triggered, this, command, Qt::QueuedConnection);
-    return action;
-}
-
 void SourceWindow::MakeFileMenu() {
-    AddCommand(
-        *fileMenu_, "menunew", tr("&New"), [this] { New(); }, QKeySequence::New);
-    AddCommand(
-        *fileMenu_, "menuopen", tr("&Open"), [this] { OpenFromDialog(); }, QKeySequence::Open);
-    AddCommand(
-        *fileMenu_, "menusave", tr("&Save"), [this] { Save(); }, QKeySequence::Save);
-    AddCommand(
-        *fileMenu_, "menusaveas", tr("Save &As"), [this] { SaveAs(); },
-        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
-    AddCommand(
-        *fileMenu_, "menuprint", tr("&Print"), [this] { PrintSource(); }, QKeySequence::Print);
+    AddCommand(*fileMenu_, {"menunew", tr("&New"), QKeySequence::New}, *this, [this] { New(); });
+    AddCommand(*fileMenu_, {"menuopen", tr("&Open"), QKeySequence::Open}, *this,
+               [this] { OpenFromDialog(); });
+    AddCommand(*fileMenu_, {"menusave", tr("&Save"), QKeySequence::Save}, *this,
+               [this] { Save(); });
+    AddCommand(*fileMenu_,
+               {"menusaveas", tr("Save &As"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
+               *this, [this] { SaveAs(); });
+    AddCommand(*fileMenu_, {"menuprint", tr("&Print"), QKeySequence::Print}, *this,
+               [this] { PrintSource(); });
     listsOfFileMenu_ = fileMenu_->addSeparator();
     fileMenu_->addMenu(recentMenu_);
     fileMenu_->addMenu(recoverMenu_);
@@ -93,7 +82,8 @@ void SourceWindow::SetPrinterChooser(PrinterChooser choosePrinter) {
 
 void SourceWindow::AddPrintCommand(const char* name, const QString& caption,
                                    const std::function<void()>& command) {
-    fileMenu_->insertAction(listsOfFileMenu_, AddCommand(*fileMenu_, name, caption, command));
+    fileMenu_->insertAction(listsOfFileMenu_,
+                            AddCommand(*fileMenu_, {name, caption}, *this, command));
 }
 
 void SourceWindow::MakeStatusLine() {

@@ -48,9 +48,6 @@ class SourceWindow : public SecondaryWindow, private app::EditedText {
     void AddPrintCommand(const char* name, const QString& caption,
                          const std::function<void()>& command);
     QMenu& AddMenu(const char* name, const QString& caption);
-    QAction* AddCommand(QMenu& menu, const char* name, const QString& caption,
-                        const std::function<void()>& command,
-                        const QKeySequence& shortcut = QKeySequence());
     QVBoxLayout& Layout() const { return *layout_; }
 
     // "Please save the file first.", "The editor is empty."; false after a message.

@@ -2,9 +2,9 @@
 
 #include <QAction>
 #include <QMenu>
-#include <QShortcut>
-#include <array>
+#include <functional>
 
+#include "ui/common/command.h"
 #include "ui/main/desktop.h"
 
 namespace corvane::ui {
@@ -14,151 +14,139 @@ namespace {
 using app::SimulationRate;
 using app::Window;
 
-struct Entry {
-    const char* name;
-    const char* caption;
-    const char* shortcut;  // in portable form, or empty
-    void (*run)(Desktop& desktop);
-};
+using Run = std::function<void()>;
 
-struct Menu {
-    const char* name;
-    const char* caption;
-    std::vector<Entry> entries;  // one without a name is a separator
-};
-
-constexpr std::array kRateNames = {"menuspeed1", "menuspeed2", "menuspeed3", "menuspeed4",
-                                   "menuspeed5"};
-
-template <SimulationRate kRate>
-void SetRate(Desktop& desktop) {
-    desktop.Workbench().Simulation().SetRate(kRate);
+Run OpensWindow(Desktop& desktop, Window window) {
+    return [&desktop, window] { desktop.Workbench().OpenWindow(window); };
 }
 
-template <Window kWindow>
-void OpenWindow(Desktop& desktop) {
-    desktop.Workbench().OpenWindow(kWindow);
+Run OpensText(Desktop& desktop, TextWindow text) {
+    return [&desktop, text] { desktop.OpenText(text); };
 }
 
-template <TextWindow kText>
-void OpenText(Desktop& desktop) {
-    desktop.OpenText(kText);
-}
-
-std::vector<Menu> Menus() {
-    const Entry separator{"", "", "", nullptr};
-    return {
-        {"menu1",
-         "&File",
-         {{"menuload", "&Load Program", "Ctrl+L",
-           [](Desktop& desktop) { desktop.Workbench().LoadProgram(); }},
-          separator,
-          {"menuquit", "&Quit", "Ctrl+Q", [](Desktop& desktop) { desktop.Quit(); }}}},
-        {"menu2",
-         "&Simulation",
-         {{"menustart", "&1 Start", "F5",
-           [](Desktop& desktop) { desktop.Workbench().Simulation().Start(); }},
-          {"menustep", "&2 Step", "F8",
-           [](Desktop& desktop) { desktop.Workbench().Simulation().Step(); }},
-          {"menustop", "&3 Stop", "Shift+F5",
-           [](Desktop& desktop) { desktop.Workbench().Simulation().Stop(); }}}},
-        {"menu3",
-         "&Rate",
-         {{kRateNames[0], "&1 Step By Step", "Ctrl+1", SetRate<SimulationRate::StepByStep>},
-          {kRateNames[1], "&2 Slow", "Ctrl+2", SetRate<SimulationRate::Slow>},
-          {kRateNames[2], "&3 Normal", "Ctrl+3", SetRate<SimulationRate::Normal>},
-          {kRateNames[3], "&4 Fast", "Ctrl+4", SetRate<SimulationRate::Fast>},
-          {kRateNames[4], "&5 Extremely Fast", "Ctrl+5", SetRate<SimulationRate::ExtremelyFast>}}},
-        {"menu4",
-         "&Tools",
-         {{"menumemory", "Program &Memory Viewer", "", OpenWindow<Window::ProgramMemoryViewer>},
-          {"menueeprom", "&EEPROM Memory Viewer", "", OpenWindow<Window::EepromMemoryViewer>},
-          {"menustack", "Hardware &Stack Viewer", "", OpenWindow<Window::HardwareStackViewer>},
-          {"menuperipheraldevices", "Microcontroller &View", "",
-           [](Desktop& desktop) { desktop.Workbench().OpenMicrocontrollerView(); }},
-          {"menudisassembler", "&Disassembler", "", OpenWindow<Window::Disassembler>},
-          {"menubreakpointsmanager", "&Breakpoints Manager", "",
-           OpenWindow<Window::BreakpointsManager>},
-          separator,
-          {"menuassembler", "&Assembler", "", OpenWindow<Window::Assembler>},
-          {"menubasic", "BASIC &Compiler", "", OpenWindow<Window::BasicCompiler>}}},
-        {"menu5",
-         "&Options",
-         {{"menusavepositions", "Save Positions", "",
-           [](Desktop& desktop) { desktop.Workbench().ToggleSavePositions(); }},
-          separator,
-          {"menuselect", "Select Microcontroller", "",
-           [](Desktop& desktop) { desktop.SelectMicrocontroller(); }},
-          {"menuclock", "Change Clock Frequency", "",
-           [](Desktop& desktop) { desktop.Workbench().ChangeClockFrequency(); }},
-          {"menuwritetime", "Change EEPROM Write Time", "",
-           [](Desktop& desktop) { desktop.Workbench().ChangeEepromWriteTime(); }},
-          {"menuconversiontime", "Change A/D Conversion Time", "",
-           [](Desktop& desktop) { desktop.Workbench().ChangeAdConversionTime(); }}}},
-        {"menu6",
-         "&Help",
-         {{"menututorial", "Getting Started", "", OpenText<TextWindow::GettingStarted>},
-          {"menuhelp", "Help Topics", "F1", OpenText<TextWindow::HelpTopics>},
-          {"menuhelpcomp", "BASIC Compiler Help Topics", "", OpenText<TextWindow::BasicHelpTopics>},
-          separator,
-          {"menuabout", "About Corvane", "", OpenText<TextWindow::About>}}},
-    };
-}
-
-void AddEntry(QMenu& menu, const Entry& entry, Desktop& desktop) {
-    if (entry.run == nullptr) {
-        menu.addSeparator();
-        return;
+// A menu of the bar while it is filled.
+class Menu {
+  public:
+    Menu(QMenuBar& bar, const char* name, const char* caption) : menu_(bar.addMenu(caption)) {
+        menu_->setObjectName(name);
     }
-    QAction* action = menu.addAction(entry.caption);
-    action->setObjectName(entry.name);
-    action->setShortcut(QKeySequence(entry.shortcut, QKeySequence::PortableText));
-    // Queued: a command may wait for a person's answer, and whoever chose the entry (assistive
-    // technology, say) must not have to wait with it.
-    QObject::connect(
-        action, &QAction::triggered, action, [run = entry.run, &desktop] { run(desktop); },
-        Qt::QueuedConnection);
+
+    // The keys are in portable form, or empty.
+    QAction* Add(const char* name, const char* caption, const char* keys, const Run& run) {
+        const QKeySequence sequence(keys, QKeySequence::PortableText);
+        return AddCommand(*menu_, {name, caption, sequence}, *menu_, run);
+    }
+    void AddSeparator() { menu_->addSeparator(); }
+
+  private:
+    QMenu* menu_;
+};
+
+void AddFileMenu(QMenuBar& bar, Desktop& desktop) {
+    Menu file(bar, "menu1", "&File");
+    file.Add("menuload", "&Load Program", "Ctrl+L",
+             [&desktop] { desktop.Workbench().LoadProgram(); });
+    file.AddSeparator();
+    file.Add("menuquit", "&Quit", "Ctrl+Q", [&desktop] { desktop.Quit(); });
+}
+
+void AddToolsMenu(QMenuBar& bar, Desktop& desktop) {
+    Menu tools(bar, "menu4", "&Tools");
+    tools.Add("menumemory", "Program &Memory Viewer", "",
+              OpensWindow(desktop, Window::ProgramMemoryViewer));
+    tools.Add("menueeprom", "&EEPROM Memory Viewer", "",
+              OpensWindow(desktop, Window::EepromMemoryViewer));
+    tools.Add("menustack", "Hardware &Stack Viewer", "",
+              OpensWindow(desktop, Window::HardwareStackViewer));
+    tools.Add("menuperipheraldevices", "Microcontroller &View", "",
+              [&desktop] { desktop.Workbench().OpenMicrocontrollerView(); });
+    tools.Add("menudisassembler", "&Disassembler", "", OpensWindow(desktop, Window::Disassembler));
+    tools.Add("menubreakpointsmanager", "&Breakpoints Manager", "",
+              OpensWindow(desktop, Window::BreakpointsManager));
+    tools.AddSeparator();
+    tools.Add("menuassembler", "&Assembler", "", OpensWindow(desktop, Window::Assembler));
+    tools.Add("menubasic", "BASIC &Compiler", "", OpensWindow(desktop, Window::BasicCompiler));
+}
+
+void AddHelpMenu(QMenuBar& bar, Desktop& desktop) {
+    Menu help(bar, "menu6", "&Help");
+    help.Add("menututorial", "Getting Started", "", OpensText(desktop, TextWindow::GettingStarted));
+    help.Add("menuhelp", "Help Topics", "F1", OpensText(desktop, TextWindow::HelpTopics));
+    help.Add("menuhelpcomp", "BASIC Compiler Help Topics", "",
+             OpensText(desktop, TextWindow::BasicHelpTopics));
+    help.AddSeparator();
+    help.Add("menuabout", "About Corvane", "", OpensText(desktop, TextWindow::About));
 }
 
 }  // namespace
 
 MainMenu::MainMenu(QMenuBar& bar, Desktop& desktop) : bar_(&bar) {
-    for (const Menu& menu : Menus()) {
-        QMenu* added = bar.addMenu(menu.caption);
-        added->setObjectName(menu.name);
-        for (const Entry& entry : menu.entries) {
-            AddEntry(*added, entry, desktop);
-        }
-    }
-    for (const char* name : kRateNames) {
-        Action(name)->setCheckable(true);
-    }
-    Action("menusavepositions")->setCheckable(true);
+    AddFileMenu(bar, desktop);
+    AddSimulationMenu(desktop);
+    AddRateMenu(desktop);
+    AddToolsMenu(bar, desktop);
+    AddOptionsMenu(desktop);
+    AddHelpMenu(bar, desktop);
 }
 
-QAction* MainMenu::Action(const char* name) const {
-    return bar_->findChild<QAction*>(name);
+void MainMenu::AddSimulationMenu(Desktop& desktop) {
+    Menu simulation(*bar_, "menu2", "&Simulation");
+    start_ = simulation.Add("menustart", "&1 Start", "F5",
+                            [&desktop] { desktop.Workbench().Simulation().Start(); });
+    step_ = simulation.Add("menustep", "&2 Step", "F8",
+                           [&desktop] { desktop.Workbench().Simulation().Step(); });
+    stop_ = simulation.Add("menustop", "&3 Stop", "Shift+F5",
+                           [&desktop] { desktop.Workbench().Simulation().Stop(); });
+}
+
+void MainMenu::AddRateMenu(Desktop& desktop) {
+    Menu rate(*bar_, "menu3", "&Rate");
+    const auto setsRate = [&desktop](SimulationRate chosen) -> Run {
+        return [&desktop, chosen] { desktop.Workbench().Simulation().SetRate(chosen); };
+    };
+    rates_ = {
+        rate.Add("menuspeed1", "&1 Step By Step", "Ctrl+1", setsRate(SimulationRate::StepByStep)),
+        rate.Add("menuspeed2", "&2 Slow", "Ctrl+2", setsRate(SimulationRate::Slow)),
+        rate.Add("menuspeed3", "&3 Normal", "Ctrl+3", setsRate(SimulationRate::Normal)),
+        rate.Add("menuspeed4", "&4 Fast", "Ctrl+4", setsRate(SimulationRate::Fast)),
+        rate.Add("menuspeed5", "&5 Extremely Fast", "Ctrl+5",
+                 setsRate(SimulationRate::ExtremelyFast))};
+    for (QAction* entry : rates_) {
+        entry->setCheckable(true);
+    }
+}
+
+void MainMenu::AddOptionsMenu(Desktop& desktop) {
+    Menu options(*bar_, "menu5", "&Options");
+    savePositions_ = options.Add("menusavepositions", "Save Positions", "",
+                                 [&desktop] { desktop.Workbench().ToggleSavePositions(); });
+    savePositions_->setCheckable(true);
+    options.AddSeparator();
+    options.Add("menuselect", "Select Microcontroller", "",
+                [&desktop] { desktop.SelectMicrocontroller(); });
+    options.Add("menuclock", "Change Clock Frequency", "",
+                [&desktop] { desktop.Workbench().ChangeClockFrequency(); });
+    options.Add("menuwritetime", "Change EEPROM Write Time", "",
+                [&desktop] { desktop.Workbench().ChangeEepromWriteTime(); });
+    options.Add("menuconversiontime", "Change A/D Conversion Time", "",
+                [&desktop] { desktop.Workbench().ChangeAdConversionTime(); });
 }
 
 void MainMenu::Show(const app::CommandStates& states) {
     for (QAction* menu : bar_->actions()) {
         menu->setEnabled(states.menusEnabled);
     }
-    Action("menustart")->setEnabled(states.canStart);
-    Action("menustep")->setEnabled(states.canStep);
-    Action("menustop")->setEnabled(states.canStop);
-    for (std::size_t i = 0; i < kRateNames.size(); ++i) {
-        Action(kRateNames.at(i))->setChecked(i + 1 == static_cast<std::size_t>(states.rate));
+    start_->setEnabled(states.canStart);
+    step_->setEnabled(states.canStep);
+    stop_->setEnabled(states.canStop);
+    for (qsizetype i = 0; i < rates_.size(); ++i) {
+        rates_[i]->setChecked(i + 1 == static_cast<qsizetype>(states.rate));
     }
-    Action("menusavepositions")->setChecked(states.savePositions);
+    savePositions_->setChecked(states.savePositions);
 }
 
 QList<QAction*> MainMenu::SimulationActions() const {
-    QList<QAction*> actions{Action("menustart"), Action("menustep"), Action("menustop")};
-    for (const char* name : kRateNames) {
-        actions.append(Action(name));
-    }
-    return actions;
+    return QList<QAction*>{start_, step_, stop_} + rates_;
 }
 
 }  // namespace corvane::ui

@@ -20,9 +20,16 @@ class MainMenu {
     QList<QAction*> SimulationActions() const;
 
   private:
-    QAction* Action(const char* name) const;
+    void AddSimulationMenu(Desktop& desktop);
+    void AddRateMenu(Desktop& desktop);
+    void AddOptionsMenu(Desktop& desktop);
 
     QMenuBar* bar_;
+    QAction* start_ = nullptr;
+    QAction* step_ = nullptr;
+    QAction* stop_ = nullptr;
+    QList<QAction*> rates_;  // in the order of app::SimulationRate
+    QAction* savePositions_ = nullptr;
 };
 
 }  // namespace corvane::ui
