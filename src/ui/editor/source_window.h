@@ -95,7 +95,8 @@ class SourceWindow : public SecondaryWindow, private app::EditedText {
     void ListKeptTexts();
     void SetSaved(bool isSaved);
     bool MayEdit();
-    bool IsModified() const override { return editor_->document()->isModified(); }
+    // Final, since the state is shown while the window is made.
+    bool IsModified() const final { return editor_->document()->isModified(); }
     std::string TextToSave() override;
     bool LoadAnew(const std::string& bytes) override;
 
