@@ -13,8 +13,19 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::nanoseconds;
 
-// A prime number, so that a loop of so many steps as a power of two is not shown at one point only.
-constexpr std::int64_t kStepsBetweenClockReads = 1021;
+// Steps between two looks at the clock: as many as take about this long. They are odd numbers, so
+// that a loop of so many steps as a power of two is not shown at one point only.
+constexpr nanoseconds kTimeBetweenClockReads = nanoseconds(50'000);
+constexpr std::int64_t kFewestSteps = 1021;
+constexpr std::int64_t kMostSteps = 1'000'000;
+
+std::int64_t AdaptedSteps(std::int64_t steps, nanoseconds taken) {
+    if (taken < kTimeBetweenClockReads) {
+        return steps < kMostSteps ? 2 * steps + 1 : steps;
+    }
+    return std::max(kFewestSteps, (steps - 1) / 2);
+}
+
 constexpr nanoseconds kFastSlice = milliseconds(8);  // the longest a click waits
 constexpr nanoseconds kRefreshInterval = nanoseconds(1'000'000'000 / 60 + 1);
 
@@ -44,7 +55,8 @@ SimulationControl::SimulationControl(core::Processor& processor, AppSettings& se
       windows_(&windows),
       dialogs_(&dialogs),
       views_(&views),
-      clock_(&clock) {}
+      clock_(&clock),
+      stepsBetweenClockReads_(kFewestSteps) {}
 
 void SimulationControl::Start() {
     if (!CanStart()) {
@@ -142,12 +154,14 @@ void SimulationControl::ExecuteFastSlice() {
     const nanoseconds end = std::min(now + kFastSlice, nextRefresh_);
     bool finished = false;
     do {
-        const core::RunResult result = core::Run(*processor_, kStepsBetweenClockReads);
+        const nanoseconds begin = now;
+        const core::RunResult result = core::Run(*processor_, stepsBetweenClockReads_);
         if (result.breakpointReached) {
             BreakpointReached();
         }
         finished = result.breakpointReached || processor_->state.stopRequested;
         now = clock_->SteadyTime();
+        stepsBetweenClockReads_ = AdaptedSteps(stepsBetweenClockReads_, now - begin);
     } while (!finished && now < end);
     unshownSteps_ = true;
     if (finished || now >= nextRefresh_) {

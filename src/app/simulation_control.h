@@ -73,6 +73,7 @@ class SimulationControl {
     Clock* clock_;
     Phase phase_ = Phase::Idle;
     bool insideSlice_ = false;
+    std::int64_t stepsBetweenClockReads_;  // at Extremely Fast
     bool unshownSteps_ = false;
     std::optional<Pause> pause_;
     std::chrono::nanoseconds nextRefresh_{0};

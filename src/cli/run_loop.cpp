@@ -9,7 +9,7 @@ namespace corvane::cli {
 
 namespace {
 
-constexpr std::int64_t kLongestSlice = 10'000;  // steps between two looks at Ctrl-C
+constexpr std::int64_t kLongestSlice = 1'000'000;  // steps between two looks at Ctrl-C
 
 // The longest step: a skip by an instruction that writes PCL takes three instruction cycles.
 constexpr std::int64_t kMostClocksOfAStep = std::int64_t{3} * core::kClocksPerCycle;

@@ -23,7 +23,8 @@ class CellTable {
     // The cell (0..511) belongs to the peripheral whose turn it is. Of two claims the later holds.
     void Claim(std::size_t cell, const CellAccess& access) {
         const bool readEffect = access.read != nullptr || access.followsTime;
-        const bool writeEffect = readEffect || access.write != nullptr || access.asksForLook;
+        const bool writeEffect =
+            readEffect || access.write != nullptr || access.asksForLook || access.actsAtOnce;
         entries_[cell] = {access, turn_};
         effects_[cell] = static_cast<std::uint8_t>((readEffect ? kReadEffect : 0) |
                                                    (writeEffect ? kWriteEffect : 0));

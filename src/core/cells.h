@@ -25,9 +25,17 @@ inline void UpdateLevels(ProcessorState& state, std::size_t port, std::uint8_t p
     state.portValues[port] = static_cast<std::uint8_t>((latch & ~tris) | inputs);
 }
 
-// The same for a port without analog inputs.
-inline void UpdateDigitalPort(ProcessorState& state, std::size_t port) {
-    UpdateLevels(state, port, 0);
+// What a new value in the latch of a port changes: only outputs.
+inline void UpdateOutputs(ProcessorState& state, std::size_t port) {
+    const std::uint8_t tris = state.dataMemory[kTrisA + port];
+    const std::uint8_t latch = state.dataMemory[kPortA + port];
+    state.portValues[port] = static_cast<std::uint8_t>((latch & ~tris) | state.pinInputs[port]);
+}
+
+// True when the outputs of a port have the levels of their latches.
+inline bool OutputsAreUpToDate(const ProcessorState& state, std::size_t port) {
+    const int difference = state.dataMemory[kPortA + port] ^ state.portValues[port];
+    return (difference & ~state.dataMemory[kTrisA + port]) == 0;
 }
 
 }  // namespace corvane::core

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <vector>
 
 #include "core/cell_table.h"
 #include "core/peripheral.h"
@@ -14,18 +15,27 @@ namespace corvane::core {
 
 struct DecodedWord;
 
-using ExecuteFunction = void (*)(Processor& processor, const DecodedWord& decoded);
+// Executes the instruction at a place of the decoded program and goes on with the next one:
+// core/cpu/ core.h. What changes with every instruction travels in its arguments: the clock cycles
+// that are left of the slice with this instruction's first counted, W, STATUS. Last is what was
+// executed before.
+using ExecuteFunction = void (*)(Processor& processor, DecodedWord* at, std::int64_t left, int w,
+                                 int status, DecodedWord* last);
 
-// One address of the program counter's range; addresses past the model's memory repeat it.
+// A program word at an address while a bank is selected. Addresses past the model's memory repeat
+// it.
 struct DecodedWord {
     ExecuteFunction execute;
     std::uint16_t word;
-    std::uint16_t nextPc;    // the address behind this one, 0 after 8191
-    std::uint8_t operand;    // the register's file address, or an 8-bit literal
-    std::uint8_t bitMask;    // of bit instructions
-    std::uint8_t stopMarks;  // why a run ends when pc arrives here
+    std::uint16_t operand;  // the register's cell, a literal, or an address
+    std::uint8_t bitMask;   // of bit instructions
 };
 
+// The decoded program once for each bank, and behind its end two entries that lead to its start.
+constexpr std::ptrdiff_t kBankCount = 4;
+constexpr std::ptrdiff_t kDecodedWordsOfBank = kProgramCounterRange + 2;
+
+// Why a run ends when pc arrives at an address.
 constexpr std::uint8_t kBreakpointMark = 1;
 constexpr std::uint8_t kBeyondMemoryMark = 2;
 
@@ -43,13 +53,15 @@ struct Standing {
 };
 
 struct Dispatch {
-    std::array<DecodedWord, kProgramCounterRange> code{};
+    std::vector<DecodedWord> code;    // of all banks; a word is decoded when it is first executed
+    DecodedWord* bankCode = nullptr;  // during a slice: where the code of the selected bank begins
+    std::array<std::uint8_t, kProgramCounterRange> stopMarks{};
     std::array<std::uint16_t, models::kDataMemorySize> resolvedCells{};  // by data-memory address
     CellTable cells;
-    std::size_t bankOffset = 0;  // 80h x RP1:RP0
 
     // The peripherals, by their place in the list.
     std::array<Standing, kMaxPeripherals> standings{};
+    PeripheralMask clocked = 0;    // those that count instruction cycles, not steps
     PeripheralMask counting = 0;   // those with a due time
     PeripheralMask attention = 0;  // those that must be advanced at the end of the present step
     PeripheralMask literalWatchers = 0;
@@ -60,11 +72,13 @@ struct Dispatch {
     std::int64_t steps = 0;  // any number that counts on with each step
     bool interruptPending = false;
 
-    // Cycles of the present slice that were no instruction's first.
+    // Where the present slice began, in clockCycles, and its cycles that were no instruction's
+    // first.
+    std::int64_t sliceStart = 0;
     std::int64_t extraCycles = 0;
 
     // Instructions are executed one after the other until clockCycles reaches this. Whatever needs
-    // a look at the end of the present step lowers it.
+    // a look at the end of the present step lowers it, while clockCycles is up to date.
     std::int64_t sliceEnd = 0;
 };
 

@@ -19,10 +19,13 @@ struct CellAccess {
     int (*read)(Processor& processor, std::size_t cell) = nullptr;
     // What a write does; without it the masked value is stored.
     void (*write)(Processor& processor, std::size_t cell, int value) = nullptr;
-    // The cell changes with time: whatever counts is brought up to date before it is accessed.
+    // The cell changes with time: whatever counts instruction cycles is brought up to date before
+    // it is accessed.
     bool followsTime = false;
     // A write asks for its owner's advance at the end of the step.
     bool asksForLook = false;
+    // The same for an owner that counts steps and does in this one what it would do at its end.
+    bool actsAtOnce = false;
 };
 
 // Bits of a claimed cell.

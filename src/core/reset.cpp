@@ -3,9 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/clock.h"
 #include "core/cpu/data_memory.h"
-#include "core/cpu/instructions.h"
+#include "core/cpu/decoded_program.h"
 #include "core/cpu/interrupts.h"
 #include "core/peripherals/peripherals.h"
 #include "core/peripherals/ports.h"
@@ -16,20 +15,8 @@ namespace corvane::core {
 namespace {
 
 void MarkMemoryEnd(Processor& processor) {
-    const auto size = static_cast<std::size_t>(processor.model->programWords);
-    for (std::size_t pc = size; pc < kProgramCounterRange; ++pc) {
-        processor.dispatch.code[pc].stopMarks |= kBeyondMemoryMark;
-    }
-}
-
-void DecodeProgram(Processor& processor) {
-    const auto size = static_cast<std::size_t>(processor.model->programWords);
-    for (std::size_t pc = 0; pc < kProgramCounterRange; ++pc) {
-        DecodedWord& decoded = processor.dispatch.code[pc];
-        const std::uint8_t marks = decoded.stopMarks;
-        decoded =
-            DecodeForExecution(processor, processor.programMemory[pc % size], static_cast<int>(pc));
-        decoded.stopMarks = marks;
+    for (int pc = processor.model->programWords; pc < kProgramCounterRange; ++pc) {
+        SetStopMarks(processor, pc, kBeyondMemoryMark);
     }
 }
 
@@ -43,6 +30,7 @@ void DeriveInterests(Processor& processor) {
                 dispatch.followers[static_cast<std::size_t>(news)] |= MaskOf(index);
             }
         }
+        dispatch.clocked |= peripheral.unit == TimeUnit::InstructionCycles ? MaskOf(index) : 0;
         dispatch.literalWatchers |= peripheral.watchesLiteral != nullptr ? MaskOf(index) : 0;
     }
 }
@@ -59,7 +47,7 @@ Processor MakeProcessor(const models::Model& model, models::ModelDescription des
                         .dispatch = {}};
     DeriveCellAccess(processor);
     DeriveInterests(processor);
-    DecodeProgram(processor);
+    ForgetDecodedProgram(processor);
     MarkMemoryEnd(processor);
     Clean(processor);
     return processor;
@@ -81,7 +69,7 @@ void Clean(Processor& processor) {
 void StartSimulation(Processor& processor) {
     Clean(processor);
     processor.state.stopRequested = false;
-    InstructionCycle(processor);
+    processor.state.clockCycles += kClocksPerCycle;
     CatchUpAll(processor);
 }
 
@@ -90,20 +78,23 @@ void FillProgramMemory(Processor& processor, std::span<const std::uint16_t> word
     const auto size = static_cast<std::size_t>(processor.model->programWords);
     memory.fill(0);
     std::copy_n(words.begin(), std::min(words.size(), size), memory.begin());
-    DecodeProgram(processor);
+    ForgetDecodedProgram(processor);
 }
 
 void SetBreakpoints(Processor& processor, std::span<const int> addresses) {
-    for (DecodedWord& decoded : processor.dispatch.code) {
-        decoded.stopMarks &= static_cast<std::uint8_t>(~kBreakpointMark);
+    const auto& marks = processor.dispatch.stopMarks;
+    for (int pc = 0; pc < kProgramCounterRange; ++pc) {
+        const int mark = marks[static_cast<std::size_t>(pc)];
+        if ((mark & kBreakpointMark) != 0) {
+            SetStopMarks(processor, pc, mark & ~kBreakpointMark);
+        }
     }
-    for (const int address : addresses) {
-        processor.dispatch.code[static_cast<std::size_t>(address)].stopMarks |= kBreakpointMark;
+    for (const int pc : addresses) {
+        SetStopMarks(processor, pc, marks[static_cast<std::size_t>(pc)] | kBreakpointMark);
     }
 }
 
 void StateChanged(Processor& processor) {
-    SelectBank(processor);
     for (const Peripheral* peripheral : processor.peripherals) {
         if (peripheral->configure != nullptr) {
             peripheral->configure(processor);

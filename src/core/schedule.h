@@ -23,6 +23,11 @@ inline void Tell(Processor& processor, News news) {
     EndSlice(dispatch);
 }
 
+// The instruction cycles of a time that has passed.
+constexpr std::int64_t CyclesOf(std::int64_t clockCycles) {
+    return static_cast<std::int64_t>(static_cast<std::uint64_t>(clockCycles) / kClocksPerCycle);
+}
+
 // Steps until an operation that counts 4 clock cycles a step reaches its time, both in clock
 // cycles; 1 or more.
 constexpr std::int64_t StepsUntil(int time, int elapsed) {
@@ -36,14 +41,35 @@ inline bool SomethingIsDue(const Processor& processor) {
            dispatch.steps >= dispatch.stepDue;
 }
 
+// How many steps the slice has made, the present one included.
+inline std::int64_t StepsOfSlice(const Processor& processor) {
+    const Dispatch& dispatch = processor.dispatch;
+    return CyclesOf(processor.state.clockCycles - dispatch.sliceStart) - dispatch.extraCycles;
+}
+
 // At the end of a step: advances the peripherals that need it.
 void AdvancePeripherals(Processor& processor);
 
 // Within an instruction: brings what counts instruction cycles up to date.
 void CatchUpWithClock(Processor& processor, std::size_t owner);
 
+// Within an instruction: asks for the owner's advance at the end of the step.
+inline void AskForLook(Dispatch& dispatch, std::size_t owner) {
+    dispatch.attention |= MaskOf(owner);
+    EndSlice(dispatch);
+}
+
+// Within an instruction: advances the owner, which counts steps, by the present one already, unless
+// others must be advanced before it.
+void ActAtOnce(Processor& processor, std::size_t owner);
+
 // Between two steps: brings everything that counts up to date.
-void CatchUpAll(Processor& processor);
+void CatchUpCounting(Processor& processor);
+inline void CatchUpAll(Processor& processor) {
+    if (processor.dispatch.counting != 0) {
+        CatchUpCounting(processor);
+    }
+}
 
 // Works out anew when a peripheral is due; needed after its registers were written.
 void Reschedule(Processor& processor, std::size_t peripheral);

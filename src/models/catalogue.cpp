@@ -49,6 +49,7 @@ constexpr FamilyTraits WithFortyPins() {
     traits.portPins = {0x3F, 0xFF, 0xFF, 0xFF, 0x07};
     traits.analogChannels = 8;
     traits.analogPins = {{{0, 0}, {0, 1}, {0, 2}, {0, 3}, {0, 5}, {4, 0}, {4, 1}, {4, 2}}};
+    traits.firstChannels = FirstChannels(traits.analogPins, traits.analogChannels);
     return traits;
 }
 constexpr FamilyTraits kPic16F87x40 = WithFortyPins();

@@ -123,6 +123,19 @@ struct InterruptSource {
     int mask = 0;               // the bits of both that are sources
 };
 
+// By port: how many channels are on the ports before it.
+constexpr std::array<int, kPortCount + 1> FirstChannels(
+    const std::array<Pin, kAnalogChannels>& pins, int channels) {
+    std::array<int, kPortCount + 1> first{};
+    for (int channel = 0; channel < channels; ++channel) {
+        const auto port = static_cast<std::size_t>(pins[static_cast<std::size_t>(channel)].port);
+        for (std::size_t later = port + 1; later < first.size(); ++later) {
+            ++first[later];
+        }
+    }
+    return first;
+}
+
 // What the models of a family have in common. Registers are full data-memory addresses, bank x 80h
 // + file address.
 struct FamilyTraits {
@@ -140,7 +153,9 @@ struct FamilyTraits {
     AnalogUnit analogUnit = AnalogUnit::None;
     int analogChannels = 0;                            // AN0.. that a person can set
     int analogFullScale = 0;                           // largest analog value
-    std::array<Pin, kAnalogChannels> analogPins = {};  // of AN0..
+    std::array<Pin, kAnalogChannels> analogPins = {};  // of AN0.., in the order of the ports
+    // The first channel on each port or behind it, and the number of channels.
+    std::array<int, kPortCount + 1> firstChannels = FirstChannels(analogPins, analogChannels);
 };
 
 // The row of the family.

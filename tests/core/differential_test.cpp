@@ -20,7 +20,9 @@ namespace {
 
 constexpr std::int64_t kDefaultSteps = 60000;
 constexpr int kStepsOfAProgram = 500;
+constexpr int kStepsOfLoops = 20000;
 constexpr std::array kLongestRuns = {2, 10, 50, 200, 2000};
+constexpr std::array kLongestRunsOfLoops = {50, 1000, 5000, 30000};
 
 std::int64_t FromEnvironment(const char* name, std::int64_t otherwise) {
     const char* text = std::getenv(name);
@@ -29,19 +31,32 @@ std::int64_t FromEnvironment(const char* name, std::int64_t otherwise) {
 
 class DifferentialTest : public testing::TestWithParam<int> {
   protected:
-    void StartRandomProgram() {
+    void Start(const std::vector<std::uint16_t>& program) {
         static constexpr std::array kTimes = {4, 4, 6, 8, 100};  // clock cycles
         pair_.SetTimes(random_.Pick(kTimes), random_.Pick(kTimes));
-        pair_.Load(RandomProgram(model_, random_));
+        pair_.Load(program);
         pair_.Start();
     }
 
+    void StartRandomProgram() { Start(RandomProgram(model_, random_)); }
+    void StartRandomLoops() { Start(RandomLoops(model_, random_)); }
+
     // What may happen between two steps.
     void RandomEvents() {
-        if (pair_.steps() >= kStepsOfAProgram) {
-            StartRandomProgram();
-            return;
+        RandomInputs();
+        if (random_.Below(100) == 0) {
+            pair_.Edit([this](ProcessorState& state) { EditSomething(state); });
         }
+        if (random_.Below(2000) == 0) {
+            pair_.EditWord((pair_.state().pc + random_.Below(8)) % model_.programWords,
+                           static_cast<std::uint16_t>(random_.Below(isa::kWordCount)));
+        }
+        if (random_.Below(200) == 0 || (StandsStill() && random_.Chance(50))) {
+            JumpSomewhere();
+        }
+    }
+
+    void RandomInputs() {
         if (random_.Chance(8)) {
             pair_.Toggle(RandomPin(), random_.Chance(85));
         }
@@ -51,22 +66,16 @@ class DifferentialTest : public testing::TestWithParam<int> {
                                        random_.Below(traits_.analogFullScale + 1)};
             pair_.SetAnalog(random_.Below(traits_.analogChannels), random_.Pick(values));
         }
-        if (random_.Below(100) == 0) {
-            pair_.Edit([this](ProcessorState& state) { EditSomething(state); });
-        }
-        if (random_.Below(2000) == 0) {
-            pair_.EditWord((pair_.state().pc + random_.Below(8)) % model_.programWords,
-                           static_cast<std::uint16_t>(random_.Below(isa::kWordCount)));
-        }
-        if (random_.Below(200) == 0 || (StandsStill() && random_.Chance(50))) {
-            const std::array places = {kProgramCounterRange - 1, model_.programWords - 1,
-                                       random_.Below(kProgramCounterRange),
-                                       random_.Below(model_.programWords)};
-            pair_.Edit([pc = random_.Pick(places)](ProcessorState& state) {
-                state.pc = pc;
-                state.dataMemory[2] = static_cast<std::uint8_t>(pc & 255);
-            });
-        }
+    }
+
+    void JumpSomewhere() {
+        const std::array places = {kProgramCounterRange - 1, model_.programWords - 1,
+                                   random_.Below(kProgramCounterRange),
+                                   random_.Below(model_.programWords)};
+        pair_.Edit([pc = random_.Pick(places)](ProcessorState& state) {
+            state.pc = pc;
+            state.dataMemory[2] = static_cast<std::uint8_t>(pc & 255);
+        });
     }
 
     Pin RandomPin() {
@@ -130,13 +139,37 @@ class DifferentialTest : public testing::TestWithParam<int> {
     }
 
     // A breakpoint or two, often where the program is about to come by.
-    std::vector<int> RandomBreakpoints() {
-        std::vector<int> breakpoints;
+    void SetRandomBreakpoints() {
+        breakpoints_.clear();
         for (int i = random_.Below(4); i > 0; --i) {
             const int ahead = (pair_.state().pc + random_.Below(16)) % kProgramCounterRange;
-            breakpoints.push_back(random_.Chance(50) ? ahead : random_.Below(kProgramCounterRange));
+            breakpoints_.push_back(random_.Chance(50) ? ahead
+                                                      : random_.Below(kProgramCounterRange));
         }
-        return breakpoints;
+        pair_.SetBreakpoints(breakpoints_);
+    }
+
+    // A run of up to so many steps on both.
+    void CompareRun(int wanted) {
+        int done = 0;
+        bool breakpointReached = false;
+        while (done < wanted && !breakpointReached && !pair_.state().stopRequested) {
+            pair_.PlainStep();
+            ++done;
+            breakpointReached = std::find(breakpoints_.begin(), breakpoints_.end(),
+                                          pair_.state().pc) != breakpoints_.end();
+        }
+        const RunResult result = pair_.RunFast(wanted);
+        steps_ += done;
+        ASSERT_TRUE(pair_.AreEqual()) << "after step " << steps_ << ", " << done << " of " << wanted
+                                      << " in a run, " << Report();
+        ASSERT_EQ(result.steps, done) << Report();
+        ASSERT_EQ(result.breakpointReached, breakpointReached) << Report();
+        breaks_ += breakpointReached ? 1 : 0;
+        if (pair_.state().stopRequested) {
+            ++stops_;
+            ClearStopRequest();
+        }
     }
 
     std::string Report() const { return "seed " + std::to_string(seed_) + ", " + pair_.Report(); }
@@ -147,6 +180,10 @@ class DifferentialTest : public testing::TestWithParam<int> {
     std::int64_t seed_ = FromEnvironment("CORVANE_DIFFERENTIAL_SEED", 1);
     Random random_{static_cast<std::uint32_t>(seed_ * models::kModelCount + GetParam())};
     EnginePair pair_{model_};
+    std::vector<int> breakpoints_;
+    std::int64_t steps_ = 0;
+    int stops_ = 0;
+    int breaks_ = 0;
 };
 
 TEST_P(DifferentialTest, EveryStepGivesTheSameState) {
@@ -156,7 +193,11 @@ TEST_P(DifferentialTest, EveryStepGivesTheSameState) {
         ASSERT_TRUE(pair_.AreEqual()) << "before step " << step << ", " << Report();
         pair_.Step();
         ASSERT_TRUE(pair_.AreEqual()) << "after step " << step << ", " << Report();
-        RandomEvents();
+        if (pair_.steps() >= kStepsOfAProgram) {
+            StartRandomProgram();
+        } else {
+            RandomEvents();
+        }
         if (pair_.state().stopRequested && random_.Chance(10)) {
             ClearStopRequest();
         }
@@ -165,39 +206,33 @@ TEST_P(DifferentialTest, EveryStepGivesTheSameState) {
 
 TEST_P(DifferentialTest, RunGivesTheStateOfItsSteps) {
     StartRandomProgram();
-    std::vector<int> breakpoints;
-    std::int64_t steps = 0;
-    int stops = 0;
-    int breaks = 0;
-    while (steps < maxSteps_) {
+    while (steps_ < maxSteps_) {
         if (random_.Chance(50)) {
-            breakpoints = RandomBreakpoints();
-            pair_.SetBreakpoints(breakpoints);
+            SetRandomBreakpoints();
         }
-        const int wanted = 1 + random_.Below(random_.Pick(kLongestRuns));
-        int done = 0;
-        bool breakpointReached = false;
-        while (done < wanted && !breakpointReached && !pair_.state().stopRequested) {
-            pair_.PlainStep();
-            ++done;
-            breakpointReached = std::find(breakpoints.begin(), breakpoints.end(),
-                                          pair_.state().pc) != breakpoints.end();
+        ASSERT_NO_FATAL_FAILURE(CompareRun(1 + random_.Below(random_.Pick(kLongestRuns))));
+        if (pair_.steps() >= kStepsOfAProgram) {
+            StartRandomProgram();
+        } else {
+            RandomEvents();
         }
-        const RunResult result = pair_.RunFast(wanted);
-        steps += done;
-        ASSERT_TRUE(pair_.AreEqual()) << "after step " << steps << ", " << done << " of " << wanted
-                                      << " in a run, " << Report();
-        ASSERT_EQ(result.steps, done) << Report();
-        ASSERT_EQ(result.breakpointReached, breakpointReached) << Report();
-        breaks += breakpointReached ? 1 : 0;
-        if (pair_.state().stopRequested) {
-            ++stops;
-            ClearStopRequest();
-        }
-        RandomEvents();
     }
-    EXPECT_GT(stops, 0);
-    EXPECT_GT(breaks, 0);
+    EXPECT_GT(stops_, 0);
+    EXPECT_GT(breaks_, 0);
+}
+
+TEST_P(DifferentialTest, LongRunsOfLoopsGiveTheStateOfTheirSteps) {
+    while (steps_ < 2 * maxSteps_) {
+        StartRandomLoops();
+        while (pair_.steps() < kStepsOfLoops) {
+            if (random_.Chance(10)) {
+                SetRandomBreakpoints();
+            }
+            ASSERT_NO_FATAL_FAILURE(
+                CompareRun(1 + random_.Below(random_.Pick(kLongestRunsOfLoops))));
+            RandomEvents();
+        }
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -16,6 +16,7 @@ constexpr int kTmr0 = 0x001;
 constexpr int kPcl = 0x002;
 constexpr int kStatus = 0x003;
 constexpr int kFsr = 0x004;
+constexpr int kPortB = 0x006;
 constexpr int kPclath = 0x00A;
 constexpr int kIntcon = 0x00B;
 constexpr int kPir1 = 0x00C;
@@ -59,6 +60,25 @@ class Generator {
             Fragment();
         }
         words_.resize(static_cast<std::size_t>(model_.programWords));
+        return words_;
+    }
+
+    std::vector<std::uint16_t> GenerateLoops() {
+        words_.resize(4);
+        LoopHandler();
+        for (int i = random_.Below(3); i > 0; --i) {
+            subroutines_.push_back(Here());
+            Loop(random_.Below(3));
+            Emit(random_.Chance(70) ? Operation::Return : Operation::Retlw);
+        }
+        words_[0] = Word(Operation::Goto, Here());
+        PrepareLoops();
+        const int start = Here();
+        for (int i = random_.Below(4); i >= 0; --i) {
+            Loop(random_.Below(4));
+            LoopFiller();
+        }
+        Emit(Operation::Goto, random_.Chance(90) ? start : Here());
         return words_;
     }
 
@@ -322,6 +342,152 @@ class Generator {
         WriteRegister(kIntcon);
     }
 
+    // ---- loops as people write them -------------------------------------------------------------
+
+    int Counter() { return kGpr + random_.Below(6); }
+    int CountOf(int depth) {
+        return random_.Chance(80) ? 1 + random_.Below(24 >> depth) : random_.Byte();
+    }
+
+    void LoopHandler() {
+        EmitBit(Operation::Bcf, kIntcon, 2);
+        if (random_.Chance(60)) {
+            EmitBit(Operation::Bcf, kIntcon, 1);
+            Emit(Operation::Incf, (kGpr + 7) | 0x80);
+        }
+        if (random_.Chance(15)) {  // an interrupt that reaches into the loops
+            EmitRegister(Operation::Decf, Counter());
+        }
+        if (random_.Chance(15)) {
+            Loop(1);
+        }
+        Emit(Operation::Retfie);
+    }
+
+    // Timer0 with a prescaler or without, a conversion, and interrupts in every third program.
+    void PrepareLoops() {
+        WriteLiteral(kOptionReg, random_.Below(16) | (random_.Chance(15) ? 0x20 : 0));
+        if (Is87x()) {
+            WriteLiteral(kAdcon1, random_.Byte());
+            WriteLiteral(kAdcon0, 0x41);
+        }
+        SelectBankOf(0);
+        if (random_.Chance(33)) {
+            Movlw(0xA0 | (random_.Byte() & 0x10));
+            Emit(Operation::Movwf, kIntcon);
+        }
+    }
+
+    void LoopFiller() {
+        struct Choice {
+            Operation operation;
+            int operands;
+        };
+        const std::array choices = {Choice{Operation::Nop, 0},
+                                    Choice{Operation::Clrwdt, 0},
+                                    Choice{Operation::Movlw, random_.Byte()},
+                                    Choice{Operation::Addlw, random_.Byte()},
+                                    Choice{Operation::Goto, Here() + 1},
+                                    Choice{Operation::Incf, (kGpr + 6) | 0x80},
+                                    Choice{Operation::Decf, (kGpr + 6) | 0x80},
+                                    Choice{Operation::Movf, Counter() | (random_.Below(2) << 7)},
+                                    Choice{Operation::Incf, Counter() | (random_.Below(2) << 7)},
+                                    Choice{Operation::Movf, kTmr0},
+                                    Choice{Operation::Movf, kPortB},
+                                    Choice{Operation::Xorwf, kPortB | 0x80},
+                                    Choice{Operation::Bsf, kPortB | (random_.Below(8) << 7)},
+                                    Choice{Operation::Bcf, kStatus},
+                                    Choice{Operation::Rlf, (kGpr + 7) | 0x80},
+                                    Choice{Operation::Incf, random_.Chance(30) ? 0x80 : 0}};
+        const Choice choice = random_.Pick(choices);
+        Emit(choice.operation, choice.operands);
+    }
+
+    void Loop(int depth) {
+        if (depth == 0 && random_.Chance(40)) {
+            return WaitingLoop();
+        }
+        const int counter = Counter();
+        const int high = Counter();
+        if (random_.Chance(95)) {
+            Movlw(CountOf(depth));
+            Emit(Operation::Movwf, counter);
+        }
+        const int start = Here();
+        LoopBody(depth);
+        switch (random_.Below(6)) {
+            case 0:
+                Emit(Operation::Decf, counter | 0x80);
+                EmitBit(Operation::Btfss, kStatus, 2);
+                break;
+            case 1:
+                Emit(Operation::Incfsz, counter | 0x80);
+                break;
+            case 2:  // two counters and one way back
+                Emit(Operation::Decfsz, counter | 0x80);
+                Emit(Operation::Goto, Here() + 2);
+                Emit(Operation::Decfsz, high | 0x80);
+                break;
+            case 3:  // up to a limit
+                Emit(Operation::Incf, counter | 0x80);
+                Movlw(CountOf(depth));
+                Emit(Operation::Subwf, counter);
+                EmitBit(Operation::Btfss, kStatus, random_.Chance(50) ? 0 : 2);
+                break;
+            default:
+                Emit(Operation::Decfsz, counter | 0x80);
+                break;
+        }
+        Emit(Operation::Goto, start);
+    }
+
+    void LoopBody(int depth) {
+        for (int i = random_.Below(4); i > 0; --i) {
+            LoopFiller();
+        }
+        if (depth > 0) {
+            Loop(depth - 1);
+        }
+        if (!subroutines_.empty() && random_.Chance(30)) {
+            Emit(Operation::Call, random_.Pick(subroutines_));
+        }
+        if (random_.Chance(30)) {
+            LoopFiller();
+        }
+    }
+
+    // Until Timer0 overflows or reaches a value, a conversion or an EEPROM write ends, or a pin
+    // changes.
+    void WaitingLoop() {
+        const int kind = random_.Below(5);
+        if (kind == 0) {
+            Movlw(0x80 | random_.Byte());
+            Emit(Operation::Movwf, kTmr0);
+        }
+        if (kind <= 1) {
+            EmitBit(Operation::Bcf, kIntcon, 2);
+        } else if (kind == 3 && Is87x()) {
+            EmitBit(Operation::Bsf, kAdcon0, 2);
+        }
+        const int start = Here();
+        if (random_.Chance(30)) {
+            LoopFiller();
+        }
+        if (kind <= 1) {
+            EmitBit(Operation::Btfss, kIntcon, 2);
+        } else if (kind == 2) {
+            Emit(Operation::Movf, kTmr0);
+            Emit(Operation::Xorlw, random_.Byte());
+            EmitBit(Operation::Btfss, kStatus, 2);
+        } else if (kind == 3 && Is87x()) {
+            EmitBit(Operation::Btfsc, kAdcon0, 2);
+        } else {
+            EmitBit(random_.Chance(50) ? Operation::Btfss : Operation::Btfsc, kPortB,
+                    random_.Below(8));
+        }
+        Emit(Operation::Goto, start);
+    }
+
     void Handler() {
         Instructions();
         for (int flag = 0; flag <= 2; ++flag) {
@@ -342,6 +508,7 @@ class Generator {
     const models::FamilyTraits& eeprom_;
     Random& random_;
     std::vector<std::uint16_t> words_;
+    std::vector<int> subroutines_;
     int selectedBank_ = 0;  // as far as the text of the program says
 };
 
@@ -349,6 +516,10 @@ class Generator {
 
 std::vector<std::uint16_t> RandomProgram(const models::Model& model, Random& random) {
     return Generator(model, random).Generate();
+}
+
+std::vector<std::uint16_t> RandomLoops(const models::Model& model, Random& random) {
+    return Generator(model, random).GenerateLoops();
 }
 
 int RandomSpecialRegister(ModelFamily family, Random& random) {

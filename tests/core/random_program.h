@@ -14,6 +14,11 @@ namespace corvane::core {
 // whole and broken, calls, computed jumps) to the last word.
 std::vector<std::uint16_t> RandomProgram(const models::Model& model, Random& random);
 
+// A program as people write them, which returns to its start: nested loops that count or wait for
+// something, with calls of others, while Timer0 runs and perhaps interrupts come. Shorter than 512
+// words.
+std::vector<std::uint16_t> RandomLoops(const models::Model& model, Random& random);
+
 // A data-memory address of a register that does something, on this family.
 int RandomSpecialRegister(models::ModelFamily family, Random& random);
 

@@ -2,12 +2,15 @@
 #include "core/reset.h"
 
 #include <gtest/gtest.h>
+#include <pthread.h>
 
+#include <algorithm>
 #include <array>
 #include <map>
 #include <string>
 
 #include "core/engine_pair.h"
+#include "isa/instruction_set.h"
 #include "shipped_files.h"
 
 namespace corvane::core {
@@ -97,6 +100,58 @@ TEST(Run, EndsAtStepsStopsAndBreakpoints) {
     EXPECT_EQ(core::Run(past, 10000).steps, 512);
     EXPECT_EQ(past.state.pc, 512);
     EXPECT_TRUE(past.state.stopRequested);
+}
+
+// Runs on a stack that holds the frames of a few thousand instructions.
+void RunOnSmallStack(Processor& processor) {
+    constexpr std::size_t kStackBytes = 256 * 1024;
+    pthread_attr_t attributes;
+    pthread_t thread{};
+    pthread_attr_init(&attributes);
+    ASSERT_EQ(pthread_attr_setstacksize(&attributes, kStackBytes), 0);
+    const auto run = [](void* argument) -> void* {
+        core::Run(*static_cast<Processor*>(argument), 40'000);
+        return nullptr;
+    };
+    ASSERT_EQ(pthread_create(&thread, &attributes, run, &processor), 0);
+    pthread_join(thread, nullptr);
+    pthread_attr_destroy(&attributes);
+}
+
+// Ten million instructions, each on every kind of register: one that did not give its frame back
+// before it went on with the next would fill the stack.
+TEST(Run, NeedsNoStackForInstructions) {
+    static constexpr std::array kCells = {0x00, 0x01, 0x02, 0x03, 0x05, 0x06, 0x0A, 0x20};
+    static constexpr std::array<std::uint8_t, 4> kIndirectCells = {0x03, 0x06, 0x1F, 0x20};
+    Processor processor = StartedProcessor("PIC16F877", {});
+    std::int64_t steps = 0;
+    for (int word = 0; word < isa::kWordCount; ++word) {
+        const isa::Operation operation = isa::Classify(word);
+        if (operation == isa::Operation::Sleep || operation == isa::Operation::Unrecognized) {
+            continue;
+        }
+        const isa::OperandForm form = isa::InstructionOf(operation).form;
+        const bool namesRegister = form == isa::OperandForm::Register ||
+                                   form == isa::OperandForm::RegisterDestination ||
+                                   form == isa::OperandForm::RegisterBit;
+        const int operand = word & 0x7F;
+        const bool isOneOfMany =
+            namesRegister ? std::ranges::count(kCells, operand) == 0 ||
+                                (form == isa::OperandForm::RegisterBit && isa::BitField(word) != 5)
+                          : form != isa::OperandForm::None && operand != 0;
+        if (isOneOfMany ||
+            (form == isa::OperandForm::Address11 && isa::Address11Field(word) != 0)) {
+            continue;
+        }
+        FillProgramMemory(processor, std::vector(8192, static_cast<std::uint16_t>(word)));
+        for (const std::uint8_t fsr : kIndirectCells) {
+            StartSimulation(processor);
+            processor.state.dataMemory[4] = fsr;
+            RunOnSmallStack(processor);
+            steps += processor.state.instructionCount;
+        }
+    }
+    EXPECT_GT(steps, 10'000'000);
 }
 
 TEST(FindPin, KnowsThePinsOfEachPackage) {

@@ -1,12 +1,11 @@
-// Results with their flags in STATUS. Data sheet: "STATUS Register".
+// The flags of results. Data sheet: "STATUS Register".
 #pragma once
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
 
-#include "core/processor_state.h"
-#include "core/registers.h"
+#include "core/cpu/core.h"
 
 namespace corvane::core {
 
@@ -22,30 +21,24 @@ constexpr std::array<std::uint8_t, 512> CarryAndZeroOfSums() {
 
 inline constexpr std::array<std::uint8_t, 512> kCarryAndZero = CarryAndZeroOfSums();
 
-// The flags that the mask names become these.
-inline void StoreFlags(ProcessorState& state, int mask, int flags) {
-    std::uint8_t& cell = state.dataMemory[kStatus];
-    cell = static_cast<std::uint8_t>((cell & ~mask) | flags);
-}
-
 // Z of a result of 8 bits; C and DC stay.
-inline void SetZeroFlag(ProcessorState& state, int result) {
-    StoreFlags(state, status::kZ, kCarryAndZero[static_cast<std::size_t>(result)]);
+inline void SetZeroFlag(Core& core, int result) {
+    SetStatusBits(core, status::kZ, kCarryAndZero[static_cast<std::size_t>(result)]);
 }
 
 // C, DC and Z of the sum of two bytes and perhaps a carry: 0..511. A carry out of bit 3 shows as a
 // flipped bit 4.
-inline void SetAddFlags(ProcessorState& state, int a, int b, int sum) {
+inline void SetAddFlags(Core& core, int a, int b, int sum) {
     const int digitCarry = ((a ^ b ^ sum) >> 3) & status::kDc;
-    StoreFlags(state, status::kFlags, kCarryAndZero[static_cast<std::size_t>(sum)] | digitCarry);
+    SetStatusBits(core, status::kFlags, kCarryAndZero[static_cast<std::size_t>(sum)] | digitCarry);
 }
 
 // The low byte of a - b, with its flags: a - b is a + (255 - b) + 1, so that C and DC are set when
 // there is no borrow.
-inline int Subtract(ProcessorState& state, int a, int b) {
+inline int Subtract(Core& core, int a, int b) {
     const int complement = b ^ 0xFF;
     const int sum = a + complement + 1;
-    SetAddFlags(state, a, complement, sum);
+    SetAddFlags(core, a, complement, sum);
     return sum & 0xFF;
 }
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/clock.h"
+#include "core/cpu/core.h"
 #include "core/cpu/flags.h"
 #include "core/cpu/register_instructions.h"
 #include "core/cpu/stack.h"
@@ -14,94 +14,96 @@ namespace {
 
 using isa::Operation;
 
-// ---- literal instructions ----------------------------------------------------------------------
+// An instruction without register is a function over the core; this is its way into the table.
+using Effect = void (*)(Core& core);
 
-void Clrw(Processor& processor, const DecodedWord& /*decoded*/) {
-    processor.state.w = 0;
-    SetZeroFlag(processor.state, 0);
+template <Effect effect>
+void Execute(Processor& processor, DecodedWord* at, std::int64_t left, int w, int status,
+             DecodedWord* /*last*/) {
+    Core core{processor, at, left, w, status, at + 1};
+    effect(core);
+    return GoOn(core);
 }
 
-void Movlw(Processor& processor, const DecodedWord& decoded) {
-    processor.state.w = decoded.operand;
+// ---- literal instructions ----------------------------------------------------------------------
+
+void Clrw(Core& core) {
+    core.w = 0;
+    SetZeroFlag(core, 0);
+}
+
+void Movlw(Core& core) {
+    core.w = core.at->operand;
 }
 
 // A peripheral waits for this literal.
-void MovlwWatched(Processor& processor, const DecodedWord& decoded) {
-    processor.state.w = decoded.operand;
-    processor.dispatch.attention |= processor.dispatch.literalWatchers;
-    EndSlice(processor.dispatch);
+void MovlwWatched(Core& core) {
+    Movlw(core);
+    core.processor.dispatch.attention |= core.processor.dispatch.literalWatchers;
+    EndSlice(core);
 }
 
 template <Compute compute>
-void LiteralSettingZero(Processor& processor, const DecodedWord& decoded) {
-    processor.state.w = compute(decoded.operand, processor.state.w);
-    SetZeroFlag(processor.state, processor.state.w);
+void LiteralSettingZero(Core& core) {
+    core.w = compute(core.at->operand, core.w);
+    SetZeroFlag(core, core.w);
 }
 
-void Addlw(Processor& processor, const DecodedWord& decoded) {
-    const int w = processor.state.w;
-    const int sum = w + decoded.operand;
-    processor.state.w = sum & 0xFF;
-    SetAddFlags(processor.state, w, decoded.operand, sum);
+void Addlw(Core& core) {
+    const int w = core.w;
+    const int sum = w + core.at->operand;
+    core.w = sum & 0xFF;
+    SetAddFlags(core, w, core.at->operand, sum);
 }
 
-void Sublw(Processor& processor, const DecodedWord& decoded) {
-    processor.state.w = Subtract(processor.state, decoded.operand, processor.state.w);
+void Sublw(Core& core) {
+    core.w = Subtract(core, core.at->operand, core.w);
 }
 
 // ---- control -----------------------------------------------------------------------------------
 
-int PageAddress(const ProcessorState& state, int target) {
-    return (state.dataMemory[kPclath] & 0x18) * 0x100 + target;
+void Goto(Core& core) {
+    const int page = (core.processor.state.dataMemory[kPclath] & 0x18) * 0x100;
+    JumpTo(core, page + core.at->operand);
 }
 
-void Goto(Processor& processor, const DecodedWord& decoded) {
-    ExtraCycle(processor);
-    processor.state.pc = PageAddress(processor.state, isa::Address11Field(decoded.word));
+void Call(Core& core) {
+    Push(core.processor.state, Pc(core));
+    Goto(core);
 }
 
-void Call(Processor& processor, const DecodedWord& decoded) {
-    Push(processor.state, processor.state.pc);
-    Goto(processor, decoded);
+void Return(Core& core) {
+    JumpTo(core, Pop(core.processor.state));
 }
 
-void Return(Processor& processor, const DecodedWord& /*decoded*/) {
-    ExtraCycle(processor);
-    processor.state.pc = Pop(processor.state);
+void Retlw(Core& core) {
+    Return(core);
+    core.w = core.at->operand;
 }
 
-void Retlw(Processor& processor, const DecodedWord& decoded) {
-    Return(processor, decoded);
-    processor.state.w = decoded.operand;
+// The interrupt test follows the step.
+void Retfie(Core& core) {
+    Return(core);
+    SetBits(core.processor.state.dataMemory[kIntcon], intcon::kGie);
+    EndSlice(core);
 }
 
-void Retfie(Processor& processor, const DecodedWord& decoded) {
-    Return(processor, decoded);
-    SetBits(processor.state.dataMemory[kIntcon], intcon::kGie);
-    EndSlice(processor.dispatch);
+void Nop(Core& /*core*/) {}
+
+void Clrwdt(Core& core) {
+    SetStatusBits(core, status::kPowerFlags, status::kPowerFlags);
 }
 
-void Nop(Processor& /*processor*/, const DecodedWord& /*decoded*/) {}
-
-void SetPowerFlags(ProcessorState& state, int flags) {
-    StoreFlags(state, status::kPowerFlags, flags);
+void StopHere(Core& core) {
+    core.next = core.at;
+    core.processor.state.stopRequested = true;
+    EndSlice(core);
 }
 
-void Clrwdt(Processor& processor, const DecodedWord& /*decoded*/) {
-    SetPowerFlags(processor.state, status::kPowerFlags);
-}
-
-// Stops on the word: pc was moved on already.
-void StopHere(Processor& processor, const DecodedWord& decoded) {
-    ProcessorState& state = processor.state;
-    state.pc = (decoded.nextPc - 1) & kProgramCounterMask;
-    state.stopRequested = true;
-    EndSlice(processor.dispatch);
-}
-
-void Sleep(Processor& processor, const DecodedWord& decoded) {
-    SetPowerFlags(processor.state, 0x10);  // NOT_TO set, NOT_PD clear
-    StopHere(processor, decoded);
+void Sleep(Core& core) {
+    constexpr int kNotTo = 0x10;  // NOT_PD is cleared
+    SetStatusBits(core, status::kPowerFlags, kNotTo);
+    StopHere(core);
 }
 
 // ---- the table ---------------------------------------------------------------------------------
@@ -112,58 +114,76 @@ bool IsWatched(const Processor& processor, int literal) {
     });
 }
 
-ExecuteFunction FunctionOf(const Processor& processor, Operation operation, int word) {
+ExecuteFunction FunctionOf(const Processor& processor, Operation operation, int word,
+                           std::size_t cell) {
     switch (operation) {
         case Operation::Nop:
-            return Nop;
+            return Execute<Nop>;
         case Operation::Return:
-            return Return;
+            return Execute<Return>;
         case Operation::Retfie:
-            return Retfie;
+            return Execute<Retfie>;
         case Operation::Sleep:
-            return Sleep;
+            return Execute<Sleep>;
         case Operation::Clrwdt:
-            return Clrwdt;
+            return Execute<Clrwdt>;
         case Operation::Clrw:
-            return Clrw;
+            return Execute<Clrw>;
         case Operation::Call:
-            return Call;
+            return Execute<Call>;
         case Operation::Goto:
-            return Goto;
+            return Execute<Goto>;
         case Operation::Movlw:
-            return IsWatched(processor, isa::Literal8Field(word)) ? MovlwWatched : Movlw;
+            return IsWatched(processor, isa::Literal8Field(word)) ? Execute<MovlwWatched>
+                                                                  : Execute<Movlw>;
         case Operation::Retlw:
-            return Retlw;
+            return Execute<Retlw>;
         case Operation::Iorlw:
-            return LiteralSettingZero<InclusiveOr>;
+            return Execute<LiteralSettingZero<InclusiveOr>>;
         case Operation::Andlw:
-            return LiteralSettingZero<And>;
+            return Execute<LiteralSettingZero<And>>;
         case Operation::Xorlw:
-            return LiteralSettingZero<ExclusiveOr>;
+            return Execute<LiteralSettingZero<ExclusiveOr>>;
         case Operation::Sublw:
-            return Sublw;
+            return Execute<Sublw>;
         case Operation::Addlw:
-            return Addlw;
+            return Execute<Addlw>;
         case Operation::Unrecognized:
-            return StopHere;
+            return Execute<StopHere>;
         default:
-            return RegisterInstruction(operation, word);
+            return RegisterInstruction(processor, operation, word, cell);
     }
+}
+
+std::size_t OperandOf(const Processor& processor, Operation operation, int word, int bank) {
+    if (operation == Operation::Unrecognized) {
+        return 0;
+    }
+    switch (isa::InstructionOf(operation).form) {
+        case isa::OperandForm::None:
+            return 0;
+        case isa::OperandForm::Literal8:
+            return static_cast<std::size_t>(isa::Literal8Field(word));
+        case isa::OperandForm::Address11:
+            return static_cast<std::size_t>(isa::Address11Field(word));
+        case isa::OperandForm::Register:
+        case isa::OperandForm::RegisterDestination:
+        case isa::OperandForm::RegisterBit:
+            break;
+    }
+    const auto address = static_cast<std::size_t>(bank * 0x80 + isa::RegisterField(word));
+    return processor.dispatch.resolvedCells[address];
 }
 
 }  // namespace
 
-DecodedWord DecodeForExecution(const Processor& processor, int word, int address) {
+DecodedWord Decode(const Processor& processor, int word, int bank) {
     const Operation operation = isa::Classify(word);
-    const bool hasLiteral = operation != Operation::Unrecognized &&
-                            isa::InstructionOf(operation).form == isa::OperandForm::Literal8;
-    const int operand = hasLiteral ? isa::Literal8Field(word) : isa::RegisterField(word);
-    return {.execute = FunctionOf(processor, operation, word),
+    const std::size_t operand = OperandOf(processor, operation, word, bank);
+    return {.execute = FunctionOf(processor, operation, word, operand),
             .word = static_cast<std::uint16_t>(word),
-            .nextPc = static_cast<std::uint16_t>((address + 1) & kProgramCounterMask),
-            .operand = static_cast<std::uint8_t>(operand),
-            .bitMask = static_cast<std::uint8_t>(1 << isa::BitField(word)),
-            .stopMarks = 0};
+            .operand = static_cast<std::uint16_t>(operand),
+            .bitMask = static_cast<std::uint8_t>(1 << isa::BitField(word))};
 }
 
 }  // namespace corvane::core

@@ -5,8 +5,7 @@
 
 namespace corvane::core {
 
-// The function and operands that execute a word (0..3FFFh) at this address (0..8191). The function
-// expects pc on the next address and the word's first instruction cycle counted.
-DecodedWord DecodeForExecution(const Processor& processor, int word, int address);
+// The function and operands that execute a word (0..3FFFh) while a bank (0..3) is selected.
+DecodedWord Decode(const Processor& processor, int word, int bank);
 
 }  // namespace corvane::core

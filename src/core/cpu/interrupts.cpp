@@ -2,9 +2,7 @@
 
 #include <algorithm>
 
-#include "core/clock.h"
 #include "core/cpu/stack.h"
-#include "core/registers.h"
 
 namespace corvane::core {
 
@@ -24,12 +22,9 @@ bool IsAsking(const ProcessorState& state, const models::InterruptSource& source
 
 }  // namespace
 
-bool InterruptPending(const Processor& processor) {
+bool EnabledSourceAsks(const Processor& processor) {
     const ProcessorState& state = processor.state;
     const std::uint8_t intcon = state.dataMemory[kIntcon];
-    if (!AnySet(intcon, intcon::kGie)) {
-        return false;
-    }
     // RBIF, INTF and T0IF stand three bits below their enable bits.
     if ((intcon & (intcon >> 3) & intcon::kCoreFlags) != 0) {
         return true;
@@ -45,7 +40,7 @@ void EnterInterrupt(Processor& processor) {
     ClearBits(state.dataMemory[kIntcon], intcon::kGie);
     Push(state, state.pc);
     state.pc = kInterruptVector;
-    InstructionCycle(processor);
+    state.clockCycles += kClocksPerCycle;
 }
 
 }  // namespace corvane::core

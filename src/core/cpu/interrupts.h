@@ -3,11 +3,18 @@
 #pragma once
 
 #include "core/processor.h"
+#include "core/registers.h"
 
 namespace corvane::core {
 
+// True when a source asks for an interrupt that its enable bit lets through; GIE is set.
+bool EnabledSourceAsks(const Processor& processor);
+
 // True when an enabled source asks for an interrupt and GIE is set.
-bool InterruptPending(const Processor& processor);
+inline bool InterruptPending(const Processor& processor) {
+    return AnySet(processor.state.dataMemory[kIntcon], intcon::kGie) &&
+           EnabledSourceAsks(processor);
+}
 
 // Clears GIE, pushes pc, continues at 0004h. Costs one instruction cycle; clears no flag.
 void EnterInterrupt(Processor& processor);

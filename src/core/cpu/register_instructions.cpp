@@ -1,9 +1,8 @@
 #include "core/cpu/register_instructions.h"
 
-#include "core/cells.h"
-#include "core/clock.h"
-#include "core/cpu/data_memory.h"
+#include "core/cpu/core.h"
 #include "core/cpu/flags.h"
+#include "core/cpu/register_kinds.h"
 
 namespace corvane::core {
 
@@ -13,71 +12,75 @@ using isa::Operation;
 
 enum class Destination { W, Register };
 
-// A register whose cell has no effects besides holding its value.
-struct PlainRegister {
-    Processor& processor;
-    std::size_t cell;
+// An instruction is a struct with kEffects, the effects of a cell that matter to it, and a function
+// template Execute<Register>(core, cell), where Register is one of the kinds of registers.
 
-    int Read() const { return processor.state.dataMemory[cell]; }
-    void Write(int value, FlagBits /*flagBits*/) const { StoreMasked(processor, cell, value); }
-};
+template <typename Instruction, typename Register>
+void Execute(Processor& processor, DecodedWord* at, std::int64_t left, int w, int status,
+             DecodedWord* /*last*/) {
+    Core core{processor, at, left, w, status, at + 1};
+    Instruction::template Execute<Register>(core, at->operand);
+    return GoOn(core);
+}
 
-// PORTB, PORTC and the like: what programs use most besides plain registers.
-struct DigitalPortRegister {
-    Processor& processor;
-    std::size_t cell;
-
-    int Read() const { return processor.state.portValues[cell - kPortA]; }
-    // Nothing looks at the levels before the step ends, so they may change at once.
-    void Write(int value, FlagBits flagBits) const {
-        PlainRegister{processor, cell}.Write(value, flagBits);
-        UpdateDigitalPort(processor.state, cell - kPortA);
-    }
-};
-
-struct AnyRegister {
-    Processor& processor;
-    std::size_t cell;
-
-    int Read() const { return ReadRegister(processor, cell); }
-    void Write(int value, FlagBits flagBits) const {
-        WriteRegister(processor, cell, value, flagBits);
-    }
-};
-
-// An instruction is a struct with kEffects, the effects of a cell that is not plain for it, and a
-// function template Execute(processor, register, decoded). The cases are functions of their own
-// so that the plain one needs no stack frame.
-template <typename Instruction>
-[[gnu::noinline]] void ExecuteOnAnyCell(Processor& processor, const DecodedWord& decoded,
-                                        std::size_t cell) {
-    if ((processor.dispatch.cells.EffectsOf(cell) & kDigitalPortEffect) != 0) {
-        Instruction::Execute(processor, DigitalPortRegister{processor, cell}, decoded);
-    } else {
-        Instruction::Execute(processor, AnyRegister{processor, cell}, decoded);
-    }
+// The cell that INDF stands for.
+std::size_t IndirectCell(const Core& core) {
+    const int address = core.processor.state.dataMemory[kFsr] + (core.status & status::kIrp) * 2;
+    return core.processor.description.addressMap[static_cast<std::size_t>(address)];
 }
 
 template <typename Instruction>
-[[gnu::noinline]] void ExecuteIndirectly(Processor& processor, const DecodedWord& decoded) {
-    const std::size_t cell = IndirectCell(processor);
+[[gnu::noinline]] void ExecuteOnSpecialIndf(Processor& processor, DecodedWord* at,
+                                            std::int64_t left, int w, int status,
+                                            DecodedWord* /*last*/) {
+    Core core{processor, at, left, w, status, at + 1};
+    const std::size_t cell = IndirectCell(core);
+    if (cell == kStatus) {
+        Instruction::template Execute<StatusRegister>(core, cell);
+    } else if (cell == kPcl) {
+        Instruction::template Execute<PclRegister>(core, cell);
+    } else if ((processor.dispatch.cells.EffectsOf(cell) & kDigitalPortEffect) != 0) {
+        Instruction::template Execute<DigitalPortRegister>(core, cell);
+    } else {
+        Instruction::template Execute<ClaimedRegister>(core, cell);
+    }
+    return GoOn(core);
+}
+
+// Cells without effects first, in a function that needs no stack frame.
+template <typename Instruction>
+void ExecuteOnIndf(Processor& processor, DecodedWord* at, std::int64_t left, int w, int status,
+                   DecodedWord* last) {
+    Core core{processor, at, left, w, status, at + 1};
+    const std::size_t cell = IndirectCell(core);
     if ((processor.dispatch.cells.EffectsOf(cell) & Instruction::kEffects) != 0) {
-        ExecuteOnAnyCell<Instruction>(processor, decoded, cell);
-    } else {
-        Instruction::Execute(processor, PlainRegister{processor, cell}, decoded);
+        return ExecuteOnSpecialIndf<Instruction>(processor, at, left, w, status, last);
     }
+    Instruction::template Execute<MaskedRegister>(core, cell);
+    return GoOn(core);
 }
 
 template <typename Instruction>
-void ExecuteOnRegister(Processor& processor, const DecodedWord& decoded) {
-    const std::size_t cell = ResolveAddress(processor, decoded.operand);
-    if ((processor.dispatch.cells.EffectsOf(cell) & Instruction::kEffects) == 0) {
-        Instruction::Execute(processor, PlainRegister{processor, cell}, decoded);
-    } else if (cell == kIndirectCell) {
-        ExecuteIndirectly<Instruction>(processor, decoded);
-    } else {
-        ExecuteOnAnyCell<Instruction>(processor, decoded, cell);
+ExecuteFunction FunctionFor(const Processor& processor, std::size_t cell) {
+    const std::uint8_t effects = processor.dispatch.cells.EffectsOf(cell);
+    if (cell == kIndirectCell) {
+        return ExecuteOnIndf<Instruction>;
     }
+    if (cell == kStatus) {
+        return Execute<Instruction, StatusRegister>;
+    }
+    if (cell == kPcl) {
+        return Execute<Instruction, PclRegister>;
+    }
+    if ((effects & kDigitalPortEffect) != 0) {
+        return Execute<Instruction, DigitalPortRegister>;
+    }
+    if ((effects & Instruction::kEffects) != 0) {
+        return (effects & kReadEffect) != 0 ? Execute<Instruction, ClaimedRegister>
+                                            : Execute<Instruction, WriteClaimedRegister>;
+    }
+    return processor.description.writeMask[cell] == 0xFF ? Execute<Instruction, PlainRegister>
+                                                         : Execute<Instruction, MaskedRegister>;
 }
 
 template <Destination destination>
@@ -86,19 +89,14 @@ struct WithDestination {
         destination == Destination::Register ? kWriteEffect : kReadEffect;
 
     template <typename Register>
-    static void Store(Processor& processor, Register reg, int result, FlagBits flagBits) {
+    static void Store(Core& core, std::size_t cell, int result, FlagBits flagBits) {
         if constexpr (destination == Destination::Register) {
-            reg.Write(result, flagBits);
+            Register::Write(core, cell, result, flagBits);
         } else {
-            processor.state.w = result;
+            core.w = result;
         }
     }
 };
-
-void Skip(Processor& processor) {
-    IncrementPc(processor.state);
-    ExtraCycle(processor);
-}
 
 constexpr int Decrement(int f, int /*w*/) {
     return (f - 1) & 0xFF;
@@ -120,19 +118,20 @@ constexpr int SwapNibbles(int f, int /*w*/) {
 template <Destination destination, Compute compute>
 struct ComputeSettingZero : WithDestination<destination> {
     template <typename Register>
-    static void Execute(Processor& processor, Register reg, const DecodedWord& /*decoded*/) {
-        const int result = compute(reg.Read(), processor.state.w);
-        WithDestination<destination>::Store(processor, reg, result, FlagBits::Kept);
-        SetZeroFlag(processor.state, result);
+    static void Execute(Core& core, std::size_t cell) {
+        const int result = compute(Register::Read(core, cell), core.w);
+        WithDestination<destination>::template Store<Register>(core, cell, result, FlagBits::Kept);
+        SetZeroFlag(core, result);
     }
 };
 
 template <Destination destination>
 struct SwapRegister : WithDestination<destination> {
     template <typename Register>
-    static void Execute(Processor& processor, Register reg, const DecodedWord& /*decoded*/) {
-        const int result = SwapNibbles(reg.Read(), 0);
-        WithDestination<destination>::Store(processor, reg, result, FlagBits::AsWritten);
+    static void Execute(Core& core, std::size_t cell) {
+        const int result = SwapNibbles(Register::Read(core, cell), 0);
+        WithDestination<destination>::template Store<Register>(core, cell, result,
+                                                               FlagBits::AsWritten);
     }
 };
 
@@ -140,11 +139,12 @@ struct SwapRegister : WithDestination<destination> {
 template <Destination destination, Compute compute>
 struct ComputeSkippingIfZero : WithDestination<destination> {
     template <typename Register>
-    static void Execute(Processor& processor, Register reg, const DecodedWord& /*decoded*/) {
-        const int result = compute(reg.Read(), 0);
-        WithDestination<destination>::Store(processor, reg, result, FlagBits::AsWritten);
+    static void Execute(Core& core, std::size_t cell) {
+        const int result = compute(Register::Read(core, cell), 0);
+        WithDestination<destination>::template Store<Register>(core, cell, result,
+                                                               FlagBits::AsWritten);
         if (result == 0) {
-            Skip(processor);
+            Skip(core);
         }
     }
 };
@@ -152,22 +152,24 @@ struct ComputeSkippingIfZero : WithDestination<destination> {
 template <Destination destination>
 struct AddToRegister : WithDestination<destination> {
     template <typename Register>
-    static void Execute(Processor& processor, Register reg, const DecodedWord& /*decoded*/) {
-        const int a = reg.Read();
-        const int w = processor.state.w;
-        WithDestination<destination>::Store(processor, reg, (a + w) & 0xFF, FlagBits::Kept);
-        SetAddFlags(processor.state, a, w, a + w);
+    static void Execute(Core& core, std::size_t cell) {
+        const int a = Register::Read(core, cell);
+        const int w = core.w;
+        WithDestination<destination>::template Store<Register>(core, cell, (a + w) & 0xFF,
+                                                               FlagBits::Kept);
+        SetAddFlags(core, a, w, a + w);
     }
 };
 
 template <Destination destination>
 struct SubtractFromRegister : WithDestination<destination> {
     template <typename Register>
-    static void Execute(Processor& processor, Register reg, const DecodedWord& /*decoded*/) {
-        const int a = reg.Read();
-        const int w = processor.state.w;
-        WithDestination<destination>::Store(processor, reg, (a - w) & 0xFF, FlagBits::Kept);
-        Subtract(processor.state, a, w);
+    static void Execute(Core& core, std::size_t cell) {
+        const int a = Register::Read(core, cell);
+        const int w = core.w;
+        WithDestination<destination>::template Store<Register>(core, cell, (a - w) & 0xFF,
+                                                               FlagBits::Kept);
+        Subtract(core, a, w);
     }
 };
 
@@ -175,12 +177,12 @@ struct SubtractFromRegister : WithDestination<destination> {
 template <Destination destination, bool isLeft>
 struct Rotate : WithDestination<destination> {
     template <typename Register>
-    static void Execute(Processor& processor, Register reg, const DecodedWord& /*decoded*/) {
-        const int a = reg.Read();
-        const int carryIn = processor.state.dataMemory[kStatus] & status::kC;
+    static void Execute(Core& core, std::size_t cell) {
+        const int a = Register::Read(core, cell);
+        const int carryIn = core.status & status::kC;
         const int result = isLeft ? ((a << 1) | carryIn) & 0xFF : (a >> 1) | (carryIn << 7);
-        WithDestination<destination>::Store(processor, reg, result, FlagBits::Kept);
-        StoreFlags(processor.state, status::kC, isLeft ? a >> 7 : a & 1);
+        WithDestination<destination>::template Store<Register>(core, cell, result, FlagBits::Kept);
+        SetStatusBits(core, status::kC, isLeft ? a >> 7 : a & 1);
     }
 };
 
@@ -188,8 +190,8 @@ struct Movwf {
     static constexpr CellEffect kEffects = kWriteEffect;
 
     template <typename Register>
-    static void Execute(Processor& processor, Register reg, const DecodedWord& /*decoded*/) {
-        reg.Write(processor.state.w, FlagBits::AsWritten);
+    static void Execute(Core& core, std::size_t cell) {
+        Register::Write(core, cell, core.w, FlagBits::AsWritten);
     }
 };
 
@@ -197,9 +199,9 @@ struct Clrf {
     static constexpr CellEffect kEffects = kWriteEffect;
 
     template <typename Register>
-    static void Execute(Processor& processor, Register reg, const DecodedWord& /*decoded*/) {
-        reg.Write(0, FlagBits::Kept);
-        SetZeroFlag(processor.state, 0);
+    static void Execute(Core& core, std::size_t cell) {
+        Register::Write(core, cell, 0, FlagBits::Kept);
+        SetZeroFlag(core, 0);
     }
 };
 
@@ -209,9 +211,10 @@ struct WriteBit {
     static constexpr CellEffect kEffects = kWriteEffect;
 
     template <typename Register>
-    static void Execute(Processor& /*processor*/, Register reg, const DecodedWord& decoded) {
-        const int a = reg.Read();
-        reg.Write(value ? a | decoded.bitMask : a & ~decoded.bitMask, FlagBits::AsWritten);
+    static void Execute(Core& core, std::size_t cell) {
+        const int a = Register::Read(core, cell);
+        Register::Write(core, cell, value ? a | core.at->bitMask : a & ~core.at->bitMask,
+                        FlagBits::AsWritten);
     }
 };
 
@@ -221,68 +224,70 @@ struct TestBit {
     static constexpr CellEffect kEffects = kReadEffect;
 
     template <typename Register>
-    static void Execute(Processor& processor, Register reg, const DecodedWord& decoded) {
-        if (((reg.Read() & decoded.bitMask) != 0) == skippedValue) {
-            Skip(processor);
+    static void Execute(Core& core, std::size_t cell) {
+        if (((Register::Read(core, cell) & core.at->bitMask) != 0) == skippedValue) {
+            Skip(core);
         }
     }
 };
 
 template <Destination d>
-ExecuteFunction RegisterFunction(Operation operation) {
+ExecuteFunction RegisterFunction(const Processor& processor, Operation operation,
+                                 std::size_t cell) {
     using enum Operation;
     switch (operation) {
         case Subwf:
-            return ExecuteOnRegister<SubtractFromRegister<d>>;
+            return FunctionFor<SubtractFromRegister<d>>(processor, cell);
         case Addwf:
-            return ExecuteOnRegister<AddToRegister<d>>;
+            return FunctionFor<AddToRegister<d>>(processor, cell);
         case Decf:
-            return ExecuteOnRegister<ComputeSettingZero<d, Decrement>>;
+            return FunctionFor<ComputeSettingZero<d, Decrement>>(processor, cell);
         case Iorwf:
-            return ExecuteOnRegister<ComputeSettingZero<d, InclusiveOr>>;
+            return FunctionFor<ComputeSettingZero<d, InclusiveOr>>(processor, cell);
         case Andwf:
-            return ExecuteOnRegister<ComputeSettingZero<d, And>>;
+            return FunctionFor<ComputeSettingZero<d, And>>(processor, cell);
         case Xorwf:
-            return ExecuteOnRegister<ComputeSettingZero<d, ExclusiveOr>>;
+            return FunctionFor<ComputeSettingZero<d, ExclusiveOr>>(processor, cell);
         case Movf:
-            return ExecuteOnRegister<ComputeSettingZero<d, Move>>;
+            return FunctionFor<ComputeSettingZero<d, Move>>(processor, cell);
         case Comf:
-            return ExecuteOnRegister<ComputeSettingZero<d, Complement>>;
+            return FunctionFor<ComputeSettingZero<d, Complement>>(processor, cell);
         case Incf:
-            return ExecuteOnRegister<ComputeSettingZero<d, Increment>>;
+            return FunctionFor<ComputeSettingZero<d, Increment>>(processor, cell);
         case Decfsz:
-            return ExecuteOnRegister<ComputeSkippingIfZero<d, Decrement>>;
+            return FunctionFor<ComputeSkippingIfZero<d, Decrement>>(processor, cell);
         case Incfsz:
-            return ExecuteOnRegister<ComputeSkippingIfZero<d, Increment>>;
+            return FunctionFor<ComputeSkippingIfZero<d, Increment>>(processor, cell);
         case Rrf:
-            return ExecuteOnRegister<Rotate<d, false>>;
+            return FunctionFor<Rotate<d, false>>(processor, cell);
         case Rlf:
-            return ExecuteOnRegister<Rotate<d, true>>;
+            return FunctionFor<Rotate<d, true>>(processor, cell);
         default:
-            return ExecuteOnRegister<SwapRegister<d>>;
+            return FunctionFor<SwapRegister<d>>(processor, cell);
     }
 }
 
 }  // namespace
 
-ExecuteFunction RegisterInstruction(Operation operation, int word) {
+ExecuteFunction RegisterInstruction(const Processor& processor, Operation operation, int word,
+                                    std::size_t cell) {
     switch (operation) {
         case Operation::Movwf:
-            return ExecuteOnRegister<Movwf>;
+            return FunctionFor<Movwf>(processor, cell);
         case Operation::Clrf:
-            return ExecuteOnRegister<Clrf>;
+            return FunctionFor<Clrf>(processor, cell);
         case Operation::Bcf:
-            return ExecuteOnRegister<WriteBit<false>>;
+            return FunctionFor<WriteBit<false>>(processor, cell);
         case Operation::Bsf:
-            return ExecuteOnRegister<WriteBit<true>>;
+            return FunctionFor<WriteBit<true>>(processor, cell);
         case Operation::Btfsc:
-            return ExecuteOnRegister<TestBit<false>>;
+            return FunctionFor<TestBit<false>>(processor, cell);
         case Operation::Btfss:
-            return ExecuteOnRegister<TestBit<true>>;
+            return FunctionFor<TestBit<true>>(processor, cell);
         default:
             return isa::DestinationField(word) != 0
-                       ? RegisterFunction<Destination::Register>(operation)
-                       : RegisterFunction<Destination::W>(operation);
+                       ? RegisterFunction<Destination::Register>(processor, operation, cell)
+                       : RegisterFunction<Destination::W>(processor, operation, cell);
     }
 }
 

@@ -87,7 +87,7 @@ void WriteAdcon1(Processor& processor, std::size_t cell, int value) {
 }
 
 void ClaimCells(CellTable& cells, const models::FamilyTraits& /*traits*/) {
-    cells.Claim(kAdcon0, {.asksForLook = true});
+    cells.Claim(kAdcon0, {.actsAtOnce = true});
     cells.Claim(kAdcon1, {.write = WriteAdcon1});
 }
 

@@ -19,53 +19,48 @@ constexpr std::size_t kChannelOfRa3 = 3;
 // Calls visit(channel, mask of its pin) for the analog channels on a port.
 template <typename Visit>
 void ForEachChannel(const models::FamilyTraits& traits, std::size_t port, const Visit& visit) {
-    for (std::size_t channel = 0; channel < static_cast<std::size_t>(traits.analogChannels);
+    for (int channel = traits.firstChannels[port]; channel < traits.firstChannels[port + 1];
          ++channel) {
-        const models::Pin pin = traits.analogPins[channel];
-        if (static_cast<std::size_t>(pin.port) == port) {
-            visit(channel, 1 << pin.bit);
-        }
+        const auto index = static_cast<std::size_t>(channel);
+        visit(index, 1 << traits.analogPins[index].bit);
     }
 }
 
 bool HasChannels(const models::FamilyTraits& traits, std::size_t port) {
-    bool found = false;
-    ForEachChannel(traits, port, [&found](std::size_t, int) { found = true; });
-    return found;
+    return traits.firstChannels[port] < traits.firstChannels[port + 1];
 }
 
 bool HasConverter(const models::FamilyTraits& traits) {
     return traits.analogUnit == models::AnalogUnit::Converter;
 }
 
-// Analog inputs, and the converter's references.
-int PinsThatReadLow(const ProcessorState& state, const models::FamilyTraits& traits,
-                    std::size_t port) {
-    int low = 0;
+// Those of its channels.
+int AnalogPins(const ProcessorState& state, const models::FamilyTraits& traits, std::size_t port) {
+    int pins = 0;
     ForEachChannel(traits, port, [&](std::size_t channel, int pin) {
-        low |= state.analogPinFlags[channel] ? pin : 0;
+        pins |= state.analogPinFlags[channel] ? pin : 0;
     });
-    if (port == kA && HasConverter(traits)) {
-        low |= state.analogPinFlags[kRa2Reference] ? kRa2 : 0;
-        low |= state.analogPinFlags[kRa3Reference] ? kRa3 : 0;
+    return pins;
+}
+
+// Those of the converter's references, which read low too.
+int ReferencePins(const ProcessorState& state, const models::FamilyTraits& traits,
+                  std::size_t port) {
+    if (port != kA || !HasConverter(traits)) {
+        return 0;
     }
-    return low;
+    return (state.analogPinFlags[kRa2Reference] ? kRa2 : 0) |
+           (state.analogPinFlags[kRa3Reference] ? kRa3 : 0);
 }
 
-// A channel whose pin is digital, or an output: the pin drives it to one end of the scale.
-bool IsDriven(const ProcessorState& state, std::size_t channel, std::size_t port, int pin) {
-    return !state.analogPinFlags[channel] || !AnySet(state.dataMemory[kTrisA + port], pin);
-}
-
-// A reference pin shows its channel the reference instead of a level: the ends of the converter's
-// scale, or what the comparators' reference puts on RA2.
-void ApplyReferences(ProcessorState& state, const models::FamilyTraits& traits) {
+// A reference pin that is not driven shows its channel the reference instead of a level: the ends
+// of the converter's scale, or what the comparators' reference puts on RA2.
+void ApplyReferences(ProcessorState& state, const models::FamilyTraits& traits, int analogInputs) {
     const bool hasConverter = HasConverter(traits);
-    if (state.analogPinFlags[kRa2Reference] && IsDriven(state, kChannelOfRa2, kA, kRa2)) {
+    if (state.analogPinFlags[kRa2Reference] && (analogInputs & kRa2) == 0) {
         state.analogValues[kChannelOfRa2] = hasConverter ? 0 : state.vrefValue;
     }
-    if (hasConverter && state.analogPinFlags[kRa3Reference] &&
-        IsDriven(state, kChannelOfRa3, kA, kRa3)) {
+    if (hasConverter && state.analogPinFlags[kRa3Reference] && (analogInputs & kRa3) == 0) {
         state.analogValues[kChannelOfRa3] = traits.analogFullScale;
     }
 }
@@ -73,46 +68,55 @@ void ApplyReferences(ProcessorState& state, const models::FamilyTraits& traits) 
 void UpdateAnalogPort(Processor& processor, std::size_t port) {
     ProcessorState& state = processor.state;
     const models::FamilyTraits& traits = *processor.traits;
-    UpdateLevels(state, port, static_cast<std::uint8_t>(PinsThatReadLow(state, traits, port)));
+    const int analogPins = AnalogPins(state, traits, port);
+    const int low = analogPins | ReferencePins(state, traits, port);
+    UpdateLevels(state, port, static_cast<std::uint8_t>(low));
+    // A channel whose pin is digital, or an output, is driven to one end of the scale.
+    const int analogInputs = analogPins & state.dataMemory[kTrisA + port];
     ForEachChannel(traits, port, [&](std::size_t channel, int pin) {
-        if (IsDriven(state, channel, port, pin)) {
+        if ((analogInputs & pin) == 0) {
             const bool isHigh = AnySet(state.portValues[port], pin);
             state.analogValues[channel] = isHigh ? traits.analogFullScale : 0;
         }
     });
     if (port == kA) {
-        ApplyReferences(state, traits);
+        ApplyReferences(state, traits, analogInputs);
     }
 }
 
 // Whoever cares for levels sees those of the end of the last step, so that they may change at once
 // only if nobody does.
-void UpdateWrittenPort(Processor& processor, std::size_t port) {
-    const Dispatch& dispatch = processor.dispatch;
-    if (dispatch.attention != 0 || HasFollowers(dispatch, News::Levels)) {
-        Tell(processor, News::PinUse);
-    } else {
-        UpdateAnalogPort(processor, port);
-    }
+bool MayChangeAtOnce(const Dispatch& dispatch) {
+    return dispatch.attention == 0 && !HasFollowers(dispatch, News::Levels);
 }
 
 int ReadAnalogPort(Processor& processor, std::size_t cell) {
     return processor.state.portValues[cell - kPortA];
 }
 
+// Most writes leave most pins alone: without a new level of an output there is nothing to do.
 void WriteAnalogPort(Processor& processor, std::size_t cell, int value) {
+    const std::size_t port = cell - kPortA;
     StoreMasked(processor, cell, value);
-    UpdateWrittenPort(processor, cell - kPortA);
+    if (!MayChangeAtOnce(processor.dispatch)) {
+        Tell(processor, News::PinUse);
+    } else if (!OutputsAreUpToDate(processor.state, port)) {
+        UpdateAnalogPort(processor, port);
+    }
 }
 
 void WriteAnalogTris(Processor& processor, std::size_t cell, int value) {
     StoreMasked(processor, cell, value);
-    UpdateWrittenPort(processor, cell - kTrisA);
+    if (MayChangeAtOnce(processor.dispatch)) {
+        UpdateAnalogPort(processor, cell - kTrisA);
+    } else {
+        Tell(processor, News::PinUse);
+    }
 }
 
 void WriteDigitalTris(Processor& processor, std::size_t cell, int value) {
     StoreMasked(processor, cell, value);
-    UpdateDigitalPort(processor.state, cell - kTrisA);
+    UpdateLevels(processor.state, cell - kTrisA, 0);
 }
 
 void ClaimCells(CellTable& cells, const models::FamilyTraits& traits) {
@@ -147,7 +151,7 @@ void UpdateAllPorts(Processor& processor) {
         if (HasChannels(traits, port)) {
             UpdateAnalogPort(processor, port);
         } else {
-            UpdateDigitalPort(processor.state, port);
+            UpdateLevels(processor.state, port, 0);
         }
     }
 }
