@@ -10,6 +10,7 @@ namespace {
 
 constexpr FamilyTraits kPic16F8x = {
     .name = "PIC16F8x",
+    .chipWindow = 12,
     .portCount = 2,
     .portPins = {0x1F, 0xFF},
     .eedata = 0x008,
@@ -24,6 +25,7 @@ constexpr FamilyTraits kPic16F8x = {
 
 constexpr FamilyTraits kPic16F87x28 = {
     .name = "PIC16F87x (28 pins)",
+    .chipWindow = 14,
     .portCount = 3,
     .portPins = {0x3F, 0xFF, 0xFF},
     .eedata = 0x10C,
@@ -45,6 +47,7 @@ constexpr FamilyTraits kPic16F87x28 = {
 constexpr FamilyTraits WithFortyPins() {
     FamilyTraits traits = kPic16F87x28;
     traits.name = "PIC16F87x (40 pins)";
+    traits.chipWindow = 15;
     traits.portCount = 5;
     traits.portPins = {0x3F, 0xFF, 0xFF, 0xFF, 0x07};
     traits.analogChannels = 8;
@@ -56,6 +59,7 @@ constexpr FamilyTraits kPic16F87x40 = WithFortyPins();
 
 constexpr FamilyTraits kPic16F62x = {
     .name = "PIC16F62x",
+    .chipWindow = 22,
     .portCount = 2,
     .portPins = {0xFF, 0xFF},
     .eedata = 0x09A,

@@ -19,6 +19,7 @@ struct Model {
     int defaultConfigurationWord;
     ModelFamily family;
     std::string_view laterVersion;  // what the chip with an A behind the name has more; empty: none
+    bool isOffered = true;          // in the dialog that selects a model
 };
 
 // From the data sheets of the later versions, "Migration" or "Device Differences".
@@ -71,13 +72,15 @@ inline constexpr auto kModelCatalogue = std::to_array<Model>({
      .eepromBytes = 128,
      .defaultConfigurationWord = 0x3F50,
      .family = ModelFamily::Pic16F62x,
-     .laterVersion = kOtherOscillators},
+     .laterVersion = kOtherOscillators,
+     .isOffered = false},
     {.name = "PIC16F628",
      .programWords = 2048,
      .eepromBytes = 128,
      .defaultConfigurationWord = 0x3F50,
      .family = ModelFamily::Pic16F62x,
-     .laterVersion = kOtherOscillators},
+     .laterVersion = kOtherOscillators,
+     .isOffered = false},
 });
 constexpr int kModelCount = static_cast<int>(kModelCatalogue.size());
 
@@ -140,6 +143,7 @@ constexpr std::array<int, kPortCount + 1> FirstChannels(
 // + file address.
 struct FamilyTraits {
     std::string_view name;  // as the command line lists it: "PIC16F8x"
+    int chipWindow;         // the number under which settings keep its Microcontroller View
     int portCount;          // ports that are read through the pins, from PORTA on
     std::array<std::uint8_t, kPortCount> portPins;  // the I/O pins that the ports have
     int eedata;

@@ -5,7 +5,10 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
 
+#include "models/catalogue.h"
 #include "ui/common/accessible_window.h"
 #include "ui/common/application_icon.h"
 
@@ -22,6 +25,17 @@ QLabel* NewIcon() {
     return icon;
 }
 
+// "PIC16F83, PIC16F84 and PIC16F627"
+QString ModelNames() {
+    QStringList names;
+    for (const models::Model& model : models::kModelCatalogue) {
+        names.append(QString::fromLatin1(model.name.data(), std::ssize(model.name)));
+    }
+    std::ranges::sort(names, {}, [](const QString& name) { return std::pair(name.size(), name); });
+    const QString last = names.takeLast();
+    return AboutWindow::tr("%1 and %2").arg(names.join(", "), last);
+}
+
 }  // namespace
 
 AboutWindow::AboutWindow() {
@@ -36,9 +50,9 @@ AboutWindow::AboutWindow() {
     large.setBold(true);
     name->setFont(large);
     auto* version = new QLabel(tr("Version %1").arg(QCoreApplication::applicationVersion()));
-    auto* purpose = new QLabel(
-        tr("Development and simulation environment for the microcontrollers PIC16F83, PIC16F84, "
-           "PIC16F627, PIC16F628, PIC16F873, PIC16F874, PIC16F876 and PIC16F877."));
+    auto* purpose =
+        new QLabel(tr("Development and simulation environment for the microcontrollers %1.")
+                       .arg(ModelNames()));
     purpose->setWordWrap(true);
     auto* licence = new QLabel(tr("Free software under the MIT License, without any warranty."));
     licence->setWordWrap(true);

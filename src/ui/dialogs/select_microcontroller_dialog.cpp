@@ -13,7 +13,6 @@ namespace corvane::ui {
 
 namespace {
 
-constexpr int kOfferedModels = 6;  // the first rows of the catalogue
 constexpr QColor kChosenColour(0xC0, 0xFF, 0xC0);
 
 // One model. The chosen one is light green, the others are white, in every theme.
@@ -53,10 +52,13 @@ SelectMicrocontrollerDialog::SelectMicrocontrollerDialog(int currentModel, QWidg
 
     auto* list = new QVBoxLayout;
     list->setSpacing(3);
-    for (int row = 0; row < kOfferedModels; ++row) {
-        const std::string_view name =
-            models::kModelCatalogue.at(static_cast<std::size_t>(row)).name;
-        auto* choice = new ModelChoice(QString::fromLatin1(name.data(), std::ssize(name)));
+    for (int row = 0; row < models::kModelCount; ++row) {
+        const models::Model& model = models::kModelCatalogue.at(static_cast<std::size_t>(row));
+        if (!model.isOffered) {
+            continue;
+        }
+        auto* choice =
+            new ModelChoice(QString::fromLatin1(model.name.data(), std::ssize(model.name)));
         choice->setObjectName(QStringLiteral("opcija[%1]").arg(row));
         choices_->addButton(choice, row);
         list->addWidget(choice);
