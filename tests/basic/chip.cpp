@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <regex>
 
 #include "asm/assembler.h"
+#include "common/text.h"
 #include "core/execution.h"
 #include "core/reset.h"
 #include "models/symbol_lines.h"
@@ -83,14 +83,22 @@ void Chip::SetValue(const std::string& name, int value) {
 }
 
 void Chip::ReadVariables(const std::string& assemblerText) {
-    const std::regex declaration(
-        "As (\\w+).*\r\n;       The address of '(\\w+)' is 0x([0-9A-F]+)(?:,(\\d))?");
-    for (std::sregex_iterator found(assemblerText.begin(), assemblerText.end(), declaration), end;
-         found != end; ++found) {
-        const std::smatch& part = *found;
-        variables_[part[2]] = {.address = std::stoi(part[3], nullptr, 16),
-                               .bit = part[4].matched ? std::stoi(part[4]) : -1,
-                               .bytes = part[1] == "Word" ? 2 : 1};
+    constexpr std::string_view kType = " As ";
+    constexpr std::string_view kName = ";       The address of '";
+    constexpr std::string_view kAddress = "' is 0x";
+    bool isWord = false;
+    for (const std::string_view view : common::SplitLines(assemblerText)) {
+        const std::string line(view);
+        if (line.starts_with(kName)) {
+            const std::size_t end = line.find(kAddress);
+            const std::size_t comma = line.find(',', end);
+            variables_[line.substr(kName.size(), end - kName.size())] = {
+                .address = std::stoi(line.substr(end + kAddress.size()), nullptr, 16),
+                .bit = comma == std::string::npos ? -1 : std::stoi(line.substr(comma + 1)),
+                .bytes = isWord ? 2 : 1};
+        } else if (const std::size_t type = line.rfind(kType); type != std::string::npos) {
+            isWord = line.substr(type + kType.size()).starts_with("Word");
+        }
     }
 }
 
