@@ -24,7 +24,8 @@ _corvane_cli() {
             _filedir -d
             return
             ;;
-        -o | -l | -s | -t | --output | --listing | --stimulus | --trace | --state)
+        -o | -l | -s | -t | --output | --listing | --stimulus | --trace | --state | --vcd | --coverage | \
+            --profile | --eeprom | --save-eeprom)
             _filedir
             return
             ;;
@@ -41,7 +42,8 @@ _corvane_cli() {
             mapfile -t COMPREPLY < <(compgen -W "$rules" -- "$current")
             return
             ;;
-        -n | -c | -b | --steps | --cycles | --break | --config | --clock | --*-time)
+        -n | -c | -b | --steps | --cycles | --break | --config | --clock | --*-time | --time | \
+            --until | --expect | --never | --signals)
             return
             ;;
     esac
@@ -59,7 +61,9 @@ _corvane_cli() {
         disassemble) _corvane_cli_arguments "$general -o --output --no-opcodes" hex ;;
         run)
             _corvane_cli_arguments "$general $assembler --no-source --format -n --steps -c --cycles -b --break -s --stimulus
-                -t --trace --state -q --quiet --clock --eeprom-write-time --ad-conversion-time" \
+                -t --trace --state -q --quiet --clock --eeprom-write-time --ad-conversion-time
+                --until --expect --never --strict --time --vcd --signals --coverage --profile
+                --eeprom --save-eeprom --source" \
                 '@(asm|bas|hex)'
             ;;
     esac

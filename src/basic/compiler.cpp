@@ -45,6 +45,14 @@ void WriteEnd(Translation& translation) {
     code.Line("        END");
 }
 
+std::vector<LineLabel> LabelsOf(const LineLabels& lineLabels) {
+    std::vector<LineLabel> labels;
+    for (const auto& [name, assemblerLabel] : lineLabels) {
+        labels.push_back({std::string(name), assemblerLabel});
+    }
+    return labels;
+}
+
 }  // namespace
 
 CompileResult Compile(std::string_view text, const models::Model& model,
@@ -74,8 +82,11 @@ CompileResult Compile(std::string_view text, const models::Model& model,
     WriteEnd(translation);
     translation.lineNumber = std::max(static_cast<int>(lines.size()), 1);
     WarnOfLimits(translation);
-    return CompileResult::Success({translation.code.TakeText(), translation.code.TakeSourceLines(),
-                                   std::move(translation.warnings)});
+    return CompileResult::Success({.assembler = translation.code.TakeText(),
+                                   .sourceLines = translation.code.TakeSourceLines(),
+                                   .variables = std::move(translation.declared),
+                                   .labels = LabelsOf(translation.lineLabels),
+                                   .warnings = std::move(translation.warnings)});
 }
 
 }  // namespace corvane::basic

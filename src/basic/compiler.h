@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "basic/variables.h"
 #include "common/diagnostic.h"
 #include "common/progress.h"
 #include "common/result.h"
@@ -13,11 +14,18 @@
 
 namespace corvane::basic {
 
+struct LineLabel {
+    std::string name;
+    std::string assemblerLabel;
+};
+
 struct Compilation {
     std::string assembler;  // CR LF line ends
     // Of each line of the assembler text the BASIC line that it comes from, from 1; 0 of the lines
     // before the program and of the end and the run-time routines behind it.
     std::vector<int> sourceLines;
+    std::vector<DeclaredVariable> variables;  // in the order of their declaration
+    std::vector<LineLabel> labels;
     std::vector<common::Diagnostic> warnings;  // in line order
 };
 

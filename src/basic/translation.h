@@ -62,6 +62,7 @@ struct Translation {
     RoutineFlags routines{};
     OpenBlocks open{};
     Limits limits{};
+    std::vector<DeclaredVariable> declared{};
     std::vector<common::Diagnostic> warnings{};
     int lineNumber = 0;  // of the line that is translated
 

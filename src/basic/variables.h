@@ -25,6 +25,11 @@ struct Variable {
     int bit = 0;  // 0..7, of a Bit
 };
 
+struct DeclaredVariable {
+    std::string name;
+    Variable variable;
+};
+
 // Whether a word names a variable of this type.
 inline bool Is(const std::optional<Variable>& named, BasicType type) {
     return named && named->type == type;

@@ -4,13 +4,10 @@
 #include <optional>
 #include <utility>
 
-#include "basic/compiler.h"
-#include "basic/editor_form.h"
 #include "cli/program_file.h"
 #include "cli/source_file.h"
 #include "cli/translation.h"
 #include "common/text_file.h"
-#include "models/symbol_lines.h"
 
 namespace corvane::cli {
 
@@ -26,7 +23,12 @@ ReadResult FromSource(const std::string& file, FileKind kind, const ModelFile& m
     common::Result<std::string> text = ReadSource(file);
     std::string assemblerFile = file;
     if (text && kind == FileKind::Basic) {
-        text = CompileText(file, *text, modelFile, clockFrequency);
+        common::Result<basic::Compilation> compilation =
+            CompileText(file, *text, modelFile, clockFrequency);
+        if (!compilation) {
+            return ReadResult::Failure(std::move(compilation.error));
+        }
+        *text = std::move(compilation->assembler);
         assemblerFile = NameBeside(file, ".asm");
     }
     if (!text) {
@@ -61,36 +63,17 @@ std::optional<SourcedProgram> FromCodBeside(const fs::path& path, const SourcedP
                                                                  : std::nullopt;
 }
 
-// Without a word about what is wrong with it: a source that does not build is none of the
-// program's.
 std::optional<SourcedProgram> FromSourceBeside(const fs::path& path, const SourcedProgram& words,
                                                const ModelFile& modelFile, float clockFrequency) {
-    auto text = common::ReadTextFile(path);
-    if (!text) {
+    const std::optional<QuietBuild> build = BuildQuietly(path.string(), modelFile, clockFrequency);
+    const int programWords = modelFile.model->programWords;
+    if (!build ||
+        !project::HaveSameWords(project::FromImage(build->image).program, words.program)) {
         return std::nullopt;
     }
-    const models::Model& model = *modelFile.model;
-    const bool isBasic = KindOf(path.string()) == FileKind::Basic;
-    if (isBasic) {
-        const models::ModelDescription& description = modelFile.description;
-        auto compilation =
-            basic::Compile(basic::RewriteText(*text, basic::EditorKeywords(description)), model,
-                           description, clockFrequency);
-        if (!compilation) {
-            return std::nullopt;
-        }
-        *text = std::move(compilation->assembler);
-    }
-    const assembler::Assembly assembly = assembler::Assemble(
-        *text, models::ReadSymbolLines(modelFile.description.asmSymbolLines).symbols,
-        model.defaultConfigurationWord);
-    const auto image = loader::ReadIntelHex(assembly.hex, model.programWords);
-    if (assembly.errorCount > 0 || !image ||
-        !project::HaveSameWords(project::FromImage(*image).program, words.program)) {
-        return std::nullopt;
-    }
-    return isBasic ? project::FromCompiledAssembly(assembly, model.programWords)
-                   : project::FromAssembly(assembly, *text, path.string(), model.programWords);
+    return build->compilation
+               ? project::FromCompiledAssembly(build->assembly, programWords)
+               : project::FromAssembly(build->assembly, build->text, path.string(), programWords);
 }
 
 ReadResult FromHex(const ProgramSource& source, const ModelFile& modelFile) {

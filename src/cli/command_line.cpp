@@ -21,6 +21,7 @@ namespace corvane::cli {
 
 namespace {
 
+constexpr const char* kClockDescription = "Clock frequency, 4 by default";
 constexpr int kHighestConfigurationWord = 0x3FFF;
 constexpr int kHighestAddress = core::kProgramCounterRange - 1;
 
@@ -75,7 +76,7 @@ void AddConfigurationWord(CLI::App& app, std::optional<int>& word) {
 }
 
 void AddClock(CLI::App& app, float& megahertz) {
-    AddFrequencyOption(app, "--clock", megahertz, "Clock frequency, 4 by default");
+    AddFrequencyOption(app, "--clock", megahertz, kClockDescription);
 }
 
 void AddFormat(CLI::App& app, std::optional<FileKind>& kind) {
@@ -199,6 +200,40 @@ void AddDisassemble(CommandLine& line) {
         Disassemble);
 }
 
+void AddExpression(CLI::App& app, const std::string& name, std::vector<std::string>& expressions,
+                   const std::string& description) {
+    app.add_option(name, expressions, description)
+        ->type_name("EXPR")
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+}
+
+void AddExpectations(CLI::App& app, RunOptions& options) {
+    ExpectationOptions& expectations = options.expectations;
+    app.add_option("--until", expectations.until, "End as soon as it is not 0 after a step")
+        ->type_name("EXPR");
+    AddExpression(app, "--expect", expectations.expected, "Must not be 0 when the run ends");
+    AddExpression(app, "--never", expectations.never, "Must be 0 after every step");
+    AddFaultsOption(app, "--strict", expectations.faults, "End at the first fault of the program");
+    app.add_option("--time", options.time, "End once so much simulated time has passed")
+        ->type_name("DURATION");
+}
+
+void AddRecordings(CLI::App& app, RunOptions& options) {
+    RecordingOptions& recordings = options.recordings;
+    AddOutput(app, "--vcd", recordings.waveformFile, "Write a waveform");
+    app.add_option("--signals", recordings.signals,
+                   "What the waveform shows, separated by commas; every pin by default")
+        ->type_name("LIST");
+    AddOutput(app, "--coverage", recordings.coverageFile, "Write executed lines as lcov does");
+    AddOutput(app, "--profile", recordings.profileFile,
+              "Write cycles per line and subroutine as callgrind does");
+    AddOutput(app, "--eeprom", options.eepromFile, "The EEPROM's content before the first step");
+    AddOutput(app, "--save-eeprom", options.saveEepromFile, "Write the EEPROM's content");
+    app.add_flag("--source", recordings.traceSource,
+                 "Name the source line in each line of the trace");
+}
+
 void AddRun(CommandLine& line) {
     AddCommand<RunOptions>(
         line, "run", "Simulates a program",
@@ -213,16 +248,21 @@ void AddRun(CommandLine& line) {
                              kMaxBreakpoints,
                              "End when pc is this address after a step; up to 10 times");
             AddOutput(app, "-s,--stimulus", options.stimulusFile, "Pin and analog events");
-            AddOutput(app, "-t,--trace", options.traceFile, "Write one line per step");
+            AddOutput(app, "-t,--trace", options.recordings.traceFile, "Write one line per step");
             AddOutput(app, "--state", options.stateFile, "Write the final state as JSON");
             app.add_flag("-q,--quiet", options.quiet, "No statistics message");
-            AddClock(app, options.clockFrequency);
+            AddFrequencyOption(app, "--clock", options.clockFrequency, kClockDescription,
+                               [&options](const std::string& text) {
+                                   options.clock = inspect::ReadClock(text).value_or(options.clock);
+                               });
             AddAssembler(app, options.assembler);
             AddNoSource(app, options.withoutSource);
             AddNumberOption(app, "--eeprom-write-time", options.eepromWriteTime, 1,
                             "Clock cycles of an EEPROM write");
             AddNumberOption(app, "--ad-conversion-time", options.adConversionTime, 1,
                             "Clock cycles of an A/D conversion");
+            AddExpectations(app, options);
+            AddRecordings(app, options);
         },
         RunProgram);
 }

@@ -23,12 +23,12 @@ CommandResult Compile(const CompileOptions& options) {
     if (!input) {
         return Refused(input.error);
     }
-    const common::Result<std::string> assemblerText =
+    const common::Result<basic::Compilation> compilation =
         CompileText(options.source, input->text, input->modelFile, options.clockFrequency);
-    if (!assemblerText) {
-        return Refused(assemblerText.error);
+    if (!compilation) {
+        return Refused(compilation.error);
     }
-    const std::optional<std::string> error = WriteOutput(assemblerFile, *assemblerText);
+    const std::optional<std::string> error = WriteOutput(assemblerFile, compilation->assembler);
     return error ? Refused(*error) : CommandResult{};
 }
 

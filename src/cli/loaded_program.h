@@ -22,10 +22,12 @@ struct ProgramSource {
 
 struct LoadedProgram {
     ModelFile modelFile;
-    loader::Program image;
+    project::Program program;
 };
 
-// Without --model the processor that the .cod file of the program names decides.
+// Without --model the processor that the .cod file of the program names decides. The source of a
+// .hex file is what lies beside it with the same name and makes the same words: its .cod file, else
+// the .bas, else the .asm file.
 common::Result<LoadedProgram, CommandResult> LoadProgram(const ProgramSource& source);
 
 // The model for a .hex file: the person's, else that of the .cod file which belongs to it.

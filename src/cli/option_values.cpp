@@ -74,18 +74,38 @@ void AddNumberOption(CLI::App& app, const std::string& names, int& value, int lo
 }
 
 void AddFrequencyOption(CLI::App& app, const std::string& names, float& megahertz,
-                        const std::string& description) {
+                        const std::string& description,
+                        const std::function<void(const std::string&)>& tellText) {
     app.add_option_function<std::string>(
            names,
-           [names, &megahertz](const std::string& text) {
+           [names, &megahertz, tellText](const std::string& text) {
                const std::optional<float> value = ReadNumber<float>(text);
                if (!value || !std::isfinite(*value) || *value <= 0) {
                    RefuseValue(names, text, "a number above 0");
                }
                megahertz = *value;
+               if (tellText) {
+                   tellText(text);
+               }
            },
            description)
         ->type_name("MHZ");
+}
+
+void AddFaultsOption(CLI::App& app, const std::string& name, inspect::FaultSet& faults,
+                     const std::string& description) {
+    const std::string fullDescription = description + ": stack-overflow, stack-underflow, " +
+                                        "uninitialised-ram, unimplemented, unsimulated";
+    app.add_flag(name + "{all}", fullDescription)->each([&faults](const std::string& list) {
+        const common::Result<inspect::FaultSet> kinds = inspect::ReadFaultList(list);
+        if (list == "all") {
+            faults.set();
+        } else if (kinds) {
+            faults |= *kinds;
+        } else {
+            throw CLI::ValidationError("There is no fault '" + kinds.error + "'.");
+        }
+    });
 }
 
 void AddHexOption(CLI::App& app, const std::string& names, std::optional<int>& value, int highest,

@@ -66,6 +66,11 @@ std::optional<std::string> Output::Located(const std::optional<std::string>& rea
 }
 
 std::optional<std::string> WriteOutput(const std::string& name, std::string_view text) {
+    return WriteForTools(name,
+                         name == kStandardOutput ? common::WithLf(text) : common::WithCrLf(text));
+}
+
+std::optional<std::string> WriteForTools(const std::string& name, std::string_view text) {
     std::optional<SignalsWait> wait;
     if (IsWrittenAtOnce(name)) {
         wait.emplace();
@@ -73,8 +78,7 @@ std::optional<std::string> WriteOutput(const std::string& name, std::string_view
     Output output;
     std::optional<std::string> error = output.Open(name);
     if (!error) {
-        error =
-            output.Write(name == kStandardOutput ? common::WithLf(text) : common::WithCrLf(text));
+        error = output.Write(text);
     }
     return error ? error : output.Close();
 }

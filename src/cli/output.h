@@ -32,6 +32,9 @@ class Output {
 // Writes a whole text with the line ends that belong there.
 std::optional<std::string> WriteOutput(const std::string& name, std::string_view text);
 
+// The same in a format of other tools, whose lines end with LF everywhere.
+std::optional<std::string> WriteForTools(const std::string& name, std::string_view text);
+
 // The first output that would replace an input or another output, as an error's text.
 std::optional<std::string> OutputConflict(std::span<const std::string> inputs,
                                           std::span<const std::string> outputs);

@@ -9,17 +9,17 @@ namespace corvane::cli {
 
 namespace {
 
-using ProgramResult = common::Result<loader::Program>;
+using HexResult = common::Result<loader::Program>;
+using ProgramResult = common::Result<project::Program>;
 
-ProgramResult LoadHexText(const std::string& file, std::string_view text,
-                          const models::Model& model) {
+HexResult LoadHexText(const std::string& file, std::string_view text, const models::Model& model) {
     common::Result<loader::Program, loader::HexError> program =
         loader::ReadIntelHex(text, model.programWords);
     if (!program) {
         const loader::HexError& error = program.error;
-        return ProgramResult::Failure(ErrorText(file, error.lineNumber, error.message));
+        return HexResult::Failure(ErrorText(file, error.lineNumber, error.message));
     }
-    return ProgramResult::Success(std::move(*program));
+    return HexResult::Success(std::move(*program));
 }
 
 // Without a word from the person: what the name says, else Intel HEX when the text begins like it.
@@ -30,30 +30,46 @@ FileKind KindOfProgram(const ProgramFile& file, std::string_view text) {
     return kind == FileKind::Unknown && isHex ? FileKind::Hex : kind;
 }
 
+ProgramResult WithImage(HexResult image) {
+    return image ? ProgramResult::Success({.image = *std::move(image.value)})
+                 : ProgramResult::Failure(std::move(image.error));
+}
+
+ProgramResult BuildFromAssembler(const std::string& file, const std::string& text,
+                                 const ModelFile& modelFile, assembler::Assembly& assembly) {
+    assembly = AssembleText(file, text, modelFile, modelFile.model->defaultConfigurationWord);
+    return assembly.errorCount > 0 ? ProgramResult::Failure(AssemblyErrors(file, assembly))
+                                   : WithImage(LoadHexText(file, assembly.hex, *modelFile.model));
+}
+
 ProgramResult BuildProgram(const std::string& file, FileKind kind, const std::string& text,
                            const ModelFile& modelFile, float clockFrequency) {
-    const bool isBasic = kind == FileKind::Basic;
-    const common::Result<std::string> source =
-        isBasic ? CompileText(file, text, modelFile, clockFrequency)
-                : common::Result<std::string>::Success(text);
-    if (!source) {
-        return ProgramResult::Failure(source.error);
+    assembler::Assembly assembly;
+    if (kind == FileKind::Assembler) {
+        ProgramResult program = BuildFromAssembler(file, text, modelFile, assembly);
+        if (program) {
+            project::AddAssemblerSource(*program, file, assembly);
+        }
+        return program;
+    }
+    const common::Result<basic::Compilation> compilation =
+        CompileText(file, text, modelFile, clockFrequency);
+    if (!compilation) {
+        return ProgramResult::Failure(compilation.error);
     }
     // Errors of compiled text are found where the compiler would have written it.
-    const std::string assemblerFile = isBasic ? NameBeside(file, ".asm") : file;
-    const assembler::Assembly assembly =
-        AssembleText(assemblerFile, *source, modelFile, modelFile.model->defaultConfigurationWord);
-    if (assembly.errorCount > 0) {
-        return ProgramResult::Failure(AssemblyErrors(assemblerFile, assembly));
+    ProgramResult program =
+        BuildFromAssembler(NameBeside(file, ".asm"), compilation->assembler, modelFile, assembly);
+    if (program) {
+        project::AddBasicSource(*program, file, *compilation, assembly);
     }
-    return LoadHexText(file, assembly.hex, *modelFile.model);
+    return program;
 }
 
 }  // namespace
 
-ProgramResult LoadHexFile(const std::string& file, std::string_view text,
-                          const models::Model& model) {
-    ProgramResult program = LoadHexText(file, text, model);
+HexResult LoadHexFile(const std::string& file, std::string_view text, const models::Model& model) {
+    HexResult program = LoadHexText(file, text, model);
     if (program) {
         if (const auto warning = loader::SkippedWordsMessage(*program, model.name)) {
             ReportWarning(file, 0, *warning);
@@ -62,10 +78,9 @@ ProgramResult LoadHexFile(const std::string& file, std::string_view text,
     return program;
 }
 
-ProgramResult ReadHexFile(const std::string& file, const models::Model& model) {
+HexResult ReadHexFile(const std::string& file, const models::Model& model) {
     const common::Result<std::string> text = common::ReadTextFileOrPipe(file);
-    return text ? LoadHexFile(file, *text, model)
-                : ProgramResult::Failure(ErrorText(file, text.error));
+    return text ? LoadHexFile(file, *text, model) : HexResult::Failure(ErrorText(file, text.error));
 }
 
 ProgramResult ReadProgram(const ProgramFile& file, const ModelFile& modelFile,
@@ -76,7 +91,7 @@ ProgramResult ReadProgram(const ProgramFile& file, const ModelFile& modelFile,
     }
     const FileKind kind = KindOfProgram(file, *text);
     if (kind == FileKind::Hex) {
-        return LoadHexFile(file.name, *text, *modelFile.model);
+        return WithImage(LoadHexFile(file.name, *text, *modelFile.model));
     }
     if (kind == FileKind::Unknown) {
         return ProgramResult::Failure(ErrorText(

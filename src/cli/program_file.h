@@ -8,6 +8,7 @@
 #include "cli/source_file.h"
 #include "common/result.h"
 #include "loader/intel_hex.h"
+#include "project/program.h"
 
 namespace corvane::cli {
 
@@ -25,7 +26,7 @@ struct ProgramFile {
 };
 
 // A .hex, .asm or .bas file, or a pipe. The clock frequency is in MHz.
-common::Result<loader::Program> ReadProgram(const ProgramFile& file, const ModelFile& modelFile,
-                                            float clockFrequency);
+common::Result<project::Program> ReadProgram(const ProgramFile& file, const ModelFile& modelFile,
+                                             float clockFrequency);
 
 }  // namespace corvane::cli

@@ -1,10 +1,12 @@
 #include "cli/run_command.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <optional>
 
 #include "cli/diagnostics.h"
+#include "cli/eeprom_file.h"
 #include "cli/interrupt.h"
 #include "cli/loaded_program.h"
 #include "cli/output.h"
@@ -14,6 +16,9 @@
 #include "common/text.h"
 #include "common/text_file.h"
 #include "core/reset.h"
+#include "inspect/faults.h"
+#include "inspect/observed_run.h"
+#include "inspect/report.h"
 #include "isa/instruction_set.h"
 #include "project/statistics.h"
 
@@ -23,8 +28,9 @@ namespace {
 
 struct Simulation {
     core::Processor processor;
-    int loadedWords;
+    project::Program program;
     std::vector<StimulusEvent> events;
+    std::vector<std::uint8_t> eeprom;  // empty when it is to be left as it is
 };
 
 common::Result<std::vector<StimulusEvent>> ReadEvents(const RunOptions& options,
@@ -40,31 +46,45 @@ common::Result<std::vector<StimulusEvent>> ReadEvents(const RunOptions& options,
     return ReadStimulus(options.stimulusFile, *text, model);
 }
 
+common::Result<std::vector<std::uint8_t>> ReadEeprom(const RunOptions& options,
+                                                     const models::Model& model) {
+    return options.eepromFile.empty() ? common::Result<std::vector<std::uint8_t>>::Success({})
+                                      : ReadEepromFile(options.eepromFile, model);
+}
+
 // Reads the input files and loads the program.
 common::Result<Simulation, CommandResult> PrepareSimulation(const RunOptions& options) {
     using PrepareResult = common::Result<Simulation, CommandResult>;
-    common::Result<LoadedProgram, CommandResult> program =
+    common::Result<LoadedProgram, CommandResult> loaded =
         LoadProgram({.file = options.program,
                      .model = options.model,
                      .assembler = options.assembler,
                      .withoutSource = options.withoutSource,
                      .clockFrequency = options.clockFrequency});
-    if (!program) {
-        return PrepareResult::Failure(std::move(program.error));
+    if (!loaded) {
+        return PrepareResult::Failure(std::move(loaded.error));
     }
-    ModelFile& modelFile = program->modelFile;
+    ModelFile& modelFile = loaded->modelFile;
+    project::Program& program = loaded->program;
     common::Result<std::vector<StimulusEvent>> events = ReadEvents(options, *modelFile.model);
     if (!events) {
         return PrepareResult::Failure(Refused(events.error));
+    }
+    common::Result<std::vector<std::uint8_t>> eeprom = ReadEeprom(options, *modelFile.model);
+    if (!eeprom) {
+        return PrepareResult::Failure(Refused(eeprom.error));
+    }
+    if (!options.recordings.coverageFile.empty() && !project::HasSource(program)) {
+        return PrepareResult::Failure(Refused(ErrorText(
+            options.program.name, "Coverage is told by lines, and this program has no source.")));
     }
     core::Processor processor =
         core::MakeProcessor(*modelFile.model, std::move(modelFile.description));
     processor.eepromWriteTime = options.eepromWriteTime;
     processor.adConversionTime = options.adConversionTime;
-    core::FillProgramMemory(processor, program->image.words);
-    core::SetBreakpoints(processor, options.breakpoints);
-    return PrepareResult::Success(
-        {std::move(processor), program->image.loadedWords, std::move(*events)});
+    core::FillProgramMemory(processor, program.image.words);
+    return PrepareResult::Success({std::move(processor), std::move(program),
+                                   *std::move(events.value), *std::move(eeprom.value)});
 }
 
 float SecondsSinceMidnight() {
@@ -120,98 +140,183 @@ CommandResult ResultOfRun(const RunOptions& options, const core::Processor& proc
     return {};
 }
 
-struct RunOutputs {
-    std::optional<Trace> trace;
-    std::optional<Output> state;
-};
-
-std::optional<std::string> Open(RunOutputs& outputs, const RunOptions& options) {
-    std::optional<std::string> error;
-    if (!options.traceFile.empty()) {
-        error = outputs.trace.emplace().Open(options.traceFile);
+void Start(Simulation& simulation) {
+    core::StartSimulation(simulation.processor);
+    if (!simulation.eeprom.empty()) {
+        std::copy(simulation.eeprom.begin(), simulation.eeprom.end(),
+                  simulation.processor.state.eepromMemory.begin());
+        core::StateChanged(simulation.processor);
     }
-    if (!options.stateFile.empty() && !error) {
-        error = outputs.state.emplace().Open(options.stateFile);
-    }
-    return error;
 }
 
 std::optional<std::string> WriteState(Output& output, const Simulation& simulation) {
-    const std::string json = StateJson(simulation.processor, simulation.loadedWords);
+    const std::string json = StateJson(simulation.processor, simulation.program.image.loadedWords);
     std::optional<std::string> error =
         output.Write(output.LineEnd() == "\n" ? json : common::WithCrLf(json));
     return error ? error : output.Close();
 }
 
-// The statistics keep out of a result that goes to standard output.
+// A result that goes to standard output has it for itself.
+bool WritesStandardOutput(const RunOptions& options) {
+    const RecordingOptions& recordings = options.recordings;
+    const auto files = {recordings.traceFile,    options.stateFile,      recordings.waveformFile,
+                        recordings.coverageFile, recordings.profileFile, options.saveEepromFile};
+    return std::find(files.begin(), files.end(), "-") != files.end();
+}
+
 std::optional<std::string> WriteStatistics(const RunOptions& options,
                                            const std::string& statistics) {
-    if (options.traceFile != "-" && options.stateFile != "-") {
+    if (!WritesStandardOutput(options)) {
         return WriteOutput("-", statistics + "\n");
     }
     WriteStandardError(statistics);
     return std::nullopt;
 }
 
-// Writes every result, even when one cannot be written; returns the errors, one a line.
-std::string WriteResults(RunOutputs& outputs, const RunOptions& options,
-                         const Simulation& simulation, const std::string& statistics) {
-    std::string errors;
-    const auto note = [&errors](const std::optional<std::string>& error) {
-        if (error && errors != *error) {  // two results may go to the same place
-            errors += (errors.empty() ? "" : "\n") + *error;
-        }
-    };
-    if (outputs.trace) {
-        note(outputs.trace->Close());
+// Lines of a message, each once: two results may go to the same place.
+void AddLine(std::string& message, const std::string& line) {
+    if (message != line) {
+        message += (message.empty() ? "" : "\n") + line;
     }
-    if (!statistics.empty()) {
-        note(WriteStatistics(options, statistics));
-    }
-    if (outputs.state) {
-        note(WriteState(*outputs.state, simulation));
-    }
-    return errors;
 }
 
-CommandResult Simulate(const RunOptions& options, Simulation& simulation) {
-    RunOutputs outputs;
-    if (const std::optional<std::string> error = Open(outputs, options)) {
-        return Refused(*error);
+// A simulation from its start to its results.
+class Simulator {
+  public:
+    Simulator(const RunOptions& options, Simulation& simulation)
+        : options_(options),
+          simulation_(simulation),
+          names_(*simulation.processor.model, simulation.processor.description, simulation.program),
+          run_(simulation.processor),
+          faults_(options.expectations.faults, names_, simulation.processor.description),
+          recordings_(options.recordings, simulation.program, options.program.name) {}
+
+    CommandResult Simulate() {
+        const inspect::Language language = {names_, options_.clock};
+        const common::Result<Expectations> expectations =
+            Expectations::Read(options_.expectations, language);
+        if (!expectations) {
+            return WrongUsage(expectations.error);
+        }
+        if (const auto error = recordings_.ReadSignals(language)) {
+            return WrongUsage(*error);
+        }
+        if (const auto error = OpenFiles()) {
+            return Refused(*error);
+        }
+        expectations->LookAt(run_, faults_);
+        run_.SetBreakpoints(options_.breakpoints);
+        CatchInterrupts();
+        Start(simulation_);
+        const float startTime = SecondsSinceMidnight() - 0.01F;
+        run_.Begin();
+        recordings_.Begin(run_.Now());
+        const auto end = RunToEnd(run_, Limits(), simulation_.events, recordings_);
+        if (!end) {
+            return Refused(end.error);
+        }
+        const std::string errors = WriteResults(startTime);
+        const CommandResult result = Judged(*expectations, *end);
+        return errors.empty() ? result : Refused(errors);
     }
-    CatchInterrupts();
-    core::Processor& processor = simulation.processor;
-    core::StartSimulation(processor);
-    const float startTime = SecondsSinceMidnight() - 0.01F;
-    if (const auto error = RunToEnd(processor, options.limits, simulation.events,
-                                    outputs.trace ? &*outputs.trace : nullptr)) {
-        return Refused(*error);
+
+  private:
+    RunLimits Limits() const {
+        RunLimits limits = options_.limits;
+        if (const auto time = inspect::ReadDuration(options_.time, options_.clock)) {
+            limits.clockCycles = std::min(*time, limits.clockCycles.value_or(*time));
+        }
+        return limits;
     }
-    const std::string statistics =
-        options.quiet ? ""
-                      : project::StatisticsMessage(processor.state, startTime,
-                                                   SecondsSinceMidnight(), options.clockFrequency);
-    const std::string errors = WriteResults(outputs, options, simulation, statistics);
-    return errors.empty() ? ResultOfRun(options, processor) : Refused(errors);
+
+    std::optional<std::string> OpenFiles() {
+        if (auto error = recordings_.Open(run_)) {
+            return error;
+        }
+        return options_.stateFile.empty() ? std::nullopt
+                                          : stateOutput_.emplace().Open(options_.stateFile);
+    }
+
+    // Writes every result, even when one cannot be written; returns the errors, one a line.
+    std::string WriteResults(float startTime) {
+        const core::ProcessorState& state = simulation_.processor.state;
+        std::string errors;
+        const auto note = [&errors](const std::optional<std::string>& error) {
+            if (error) {
+                AddLine(errors, *error);
+            }
+        };
+        for (const std::string& error : recordings_.End(run_.Now())) {
+            note(error);
+        }
+        if (!options_.quiet) {
+            note(WriteStatistics(
+                options_, project::StatisticsMessage(state, startTime, SecondsSinceMidnight(),
+                                                     options_.clockFrequency)));
+        }
+        if (stateOutput_) {
+            note(WriteState(*stateOutput_, simulation_));
+        }
+        if (!options_.saveEepromFile.empty()) {
+            note(WriteOutput(options_.saveEepromFile,
+                             EepromHexText(state, *simulation_.processor.model)));
+        }
+        return errors;
+    }
+
+    CommandResult Judged(const Expectations& expectations, const inspect::Pause& end) const {
+        CommandResult result = ResultOfRun(options_, simulation_.processor);
+        if (result.ending == Ending::Interrupted) {
+            return result;
+        }
+        const inspect::Scene scene = {run_.Now(), simulation_.program, options_.clock};
+        for (const std::string& failure : expectations.Failures(end, faults_, scene)) {
+            result.ending = Ending::Failed;
+            AddLine(result.message, ErrorText(options_.program.name, failure));
+        }
+        return result;
+    }
+
+    const RunOptions& options_;
+    Simulation& simulation_;
+    inspect::Names names_;
+    inspect::ObservedRun run_;
+    inspect::FaultFinder faults_;
+    Recordings recordings_;
+    std::optional<Output> stateOutput_;
+};
+
+// What the command line says wrong, as far as it can be told without reading a file.
+std::optional<std::string> UsageError(const RunOptions& options) {
+    const RecordingOptions& recordings = options.recordings;
+    const std::string& program = options.program.name;
+    if (!options.program.kind && !IsOfUnnamedKind(program)) {
+        if (auto error =
+                WrongKind(program, {FileKind::Hex, FileKind::Assembler, FileKind::Basic})) {
+            return error;
+        }
+    }
+    if (!options.time.empty() && !inspect::ReadDuration(options.time, options.clock)) {
+        return "corvane-cli: --time: '" + options.time + "' is no duration such as 20ms.";
+    }
+    if (!options.expectations.until.empty() && !options.limits.steps &&
+        !options.limits.clockCycles && options.time.empty()) {
+        return "corvane-cli: --until needs a limit: --steps, --cycles or --time.";
+    }
+    return OutputConflict(
+        std::array{program, options.stimulusFile, options.eepromFile, ModelFilePath(options.model)},
+        std::array{recordings.traceFile, options.stateFile, recordings.waveformFile,
+                   recordings.coverageFile, recordings.profileFile, options.saveEepromFile});
 }
 
 }  // namespace
 
 CommandResult RunProgram(const RunOptions& options) {
-    const std::string& program = options.program.name;
-    if (!options.program.kind && !IsOfUnnamedKind(program)) {
-        if (const auto error =
-                WrongKind(program, {FileKind::Hex, FileKind::Assembler, FileKind::Basic})) {
-            return WrongUsage(*error);
-        }
-    }
-    if (const auto conflict =
-            OutputConflict(std::array{program, options.stimulusFile, ModelFilePath(options.model)},
-                           std::array{options.traceFile, options.stateFile})) {
-        return WrongUsage(*conflict);
+    if (const std::optional<std::string> error = UsageError(options)) {
+        return WrongUsage(*error);
     }
     common::Result<Simulation, CommandResult> simulation = PrepareSimulation(options);
-    return simulation ? Simulate(options, *simulation) : std::move(simulation.error);
+    return simulation ? Simulator(options, *simulation).Simulate() : std::move(simulation.error);
 }
 
 }  // namespace corvane::cli

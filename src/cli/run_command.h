@@ -5,10 +5,13 @@
 #include <vector>
 
 #include "cli/command_result.h"
+#include "cli/expectations.h"
 #include "cli/gpasm_build.h"
 #include "cli/model_files.h"
 #include "cli/program_file.h"
+#include "cli/recordings.h"
 #include "cli/run_loop.h"
+#include "inspect/clock.h"
 
 namespace corvane::cli {
 
@@ -21,16 +24,21 @@ struct RunOptions {
     bool withoutSource = false;  // what lies beside a .hex file is not looked at
     RunLimits limits;
     std::vector<int> breakpoints;  // program addresses, kMaxBreakpoints at most
-    std::string stimulusFile;      // files are empty when not wanted
-    std::string traceFile;
-    std::string stateFile;
-    bool quiet = false;           // without the statistics message
-    float clockFrequency = 4.0F;  // MHz
-    int eepromWriteTime = 1000;   // clock cycles
-    int adConversionTime = 100;   // clock cycles
+    std::string time{};            // a duration after which the run ends; empty without
+    ExpectationOptions expectations{};
+    RecordingOptions recordings{};
+    std::string stimulusFile{};  // files are empty when not wanted
+    std::string stateFile{};
+    std::string eepromFile{};      // its content before the first step
+    std::string saveEepromFile{};  // its content at the end
+    bool quiet = false;            // without the statistics message
+    float clockFrequency = 4.0F;   // MHz
+    inspect::Clock clock{};        // the same, exactly
+    int eepromWriteTime = 1000;    // clock cycles
+    int adConversionTime = 100;    // clock cycles
 };
 
-// Writes trace, state and statistics also when Ctrl-C ends the run.
+// Writes all results also when an expectation fails or Ctrl-C ends the run.
 CommandResult RunProgram(const RunOptions& options);
 
 }  // namespace corvane::cli

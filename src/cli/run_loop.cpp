@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "cli/interrupt.h"
-#include "core/execution.h"
 
 namespace corvane::cli {
 
@@ -11,71 +10,36 @@ namespace {
 
 constexpr std::int64_t kLongestSlice = 1'000'000;  // steps between two looks at Ctrl-C
 
-// The longest step: a skip by an instruction that writes PCL takes three instruction cycles.
-constexpr std::int64_t kMostClocksOfAStep = std::int64_t{3} * core::kClocksPerCycle;
-
-// Steps that can be executed without passing a limit unseen; none when one is reached.
-std::int64_t StepsToLimits(const RunLimits& limits, std::int64_t stepsDone,
-                           std::int64_t clockCycles) {
-    std::int64_t steps = kLongestSlice;
-    if (limits.steps) {
-        steps = std::min(steps, *limits.steps - stepsDone);
-    }
-    if (limits.clockCycles && clockCycles < *limits.clockCycles) {
-        const std::int64_t clocksLeft = *limits.clockCycles - clockCycles;
-        steps = std::min(steps, (clocksLeft - 1) / kMostClocksOfAStep + 1);
-    } else if (limits.clockCycles) {
-        steps = 0;
-    }
-    return steps;
-}
-
-struct TracedRun {
-    core::RunResult result;
-    std::optional<std::string> error;
-};
-
-TracedRun RunTraced(core::Processor& processor, std::int64_t stepsDone, std::int64_t maxSteps,
-                    Trace& trace) {
-    core::RunResult result = {0, false};
-    while (result.steps < maxSteps && !processor.state.stopRequested && !result.breakpointReached) {
-        result.breakpointReached = core::ExecuteStep(processor).breakpointReached;
-        ++result.steps;
-        if (auto error = trace.AddLine(stepsDone + result.steps, processor.state)) {
-            return {result, std::move(error)};
-        }
-    }
-    return {result, std::nullopt};
+bool IsReached(const RunLimits& limits, const inspect::ObservedRun& run) {
+    return (limits.steps && run.Steps() >= *limits.steps) ||
+           (limits.clockCycles && run.Now().processor.state.clockCycles >= *limits.clockCycles);
 }
 
 }  // namespace
 
-std::optional<std::string> RunToEnd(core::Processor& processor, const RunLimits& limits,
-                                    const std::vector<StimulusEvent>& events, Trace* trace) {
-    std::int64_t stepsDone = 0;
-    bool breakpointReached = false;
+common::Result<inspect::Pause> RunToEnd(inspect::ObservedRun& run, const RunLimits& limits,
+                                        const std::vector<StimulusEvent>& events,
+                                        Recordings& recordings) {
+    using RunResult = common::Result<inspect::Pause>;
+    inspect::Pause pause = {inspect::PauseReason::Limit};
     auto event = events.begin();
-    while (!processor.state.stopRequested && !breakpointReached && !IsInterrupted()) {
-        std::int64_t slice = StepsToLimits(limits, stepsDone, processor.state.clockCycles);
-        if (slice == 0) {
-            break;
+    while (pause.reason == inspect::PauseReason::Limit && !IsReached(limits, run) &&
+           !IsInterrupted()) {
+        for (; event != events.end() && event->step == run.Steps(); ++event) {
+            Apply(*event, run.Processor());
+            run.InputChanged();
         }
-        for (; event != events.end() && event->step == stepsDone; ++event) {
-            Apply(*event, processor);
-        }
+        std::int64_t slice =
+            limits.steps ? std::min(kLongestSlice, *limits.steps - run.Steps()) : kLongestSlice;
         if (event != events.end()) {
-            slice = std::min(slice, event->step - stepsDone);
+            slice = std::min(slice, event->step - run.Steps());
         }
-        const TracedRun run = trace != nullptr
-                                  ? RunTraced(processor, stepsDone, slice, *trace)
-                                  : TracedRun{core::Run(processor, slice), std::nullopt};
-        if (run.error) {
-            return run.error;
+        pause = run.Advance(slice, limits.clockCycles);
+        if (const std::optional<std::string> error = recordings.Flush()) {
+            return RunResult::Failure(*error);
         }
-        stepsDone += run.result.steps;
-        breakpointReached = run.result.breakpointReached;
     }
-    return std::nullopt;
+    return RunResult::Success(pause);
 }
 
 }  // namespace corvane::cli

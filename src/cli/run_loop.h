@@ -3,12 +3,12 @@
 
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <vector>
 
+#include "cli/recordings.h"
 #include "cli/stimulus.h"
-#include "cli/trace.h"
-#include "core/processor.h"
+#include "common/result.h"
+#include "inspect/observed_run.h"
 
 namespace corvane::cli {
 
@@ -17,11 +17,11 @@ struct RunLimits {
     std::optional<std::int64_t> clockCycles;
 };
 
-// Runs a started simulation until a limit is reached (tested before each step), a step raises
-// stopRequested, pc is a breakpoint after a step, or Ctrl-C is pressed. Events take place before
-// the step that follows theirs. The trace, if there is one, gets a line a step; its error is
-// returned and ends the run.
-std::optional<std::string> RunToEnd(core::Processor& processor, const RunLimits& limits,
-                                    const std::vector<StimulusEvent>& events, Trace* trace);
+// Runs a started simulation until a limit is reached (tested before each step), the run pauses for
+// another reason, or Ctrl-C is pressed. Events take place before the step that follows theirs. An
+// error of the recordings ends the run and is returned.
+common::Result<inspect::Pause> RunToEnd(inspect::ObservedRun& run, const RunLimits& limits,
+                                        const std::vector<StimulusEvent>& events,
+                                        Recordings& recordings);
 
 }  // namespace corvane::cli

@@ -5,6 +5,7 @@
 
 #include "cli/diagnostics.h"
 #include "common/text.h"
+#include "inspect/observed_run.h"
 
 namespace corvane::cli {
 
@@ -123,10 +124,10 @@ void Apply(const StimulusEvent& event, core::Processor& processor) {
         core::SetAnalogValue(processor, event.channel, event.value);
         return;
     }
-    const auto port = static_cast<std::size_t>(event.pin.port);
-    const int level = (processor.state.pinInputs[port] >> event.pin.bit) & 1;
-    if (event.action == StimulusAction::Toggle || level != event.value) {
+    if (event.action == StimulusAction::Toggle) {
         core::TogglePin(processor, event.pin, true);
+    } else {
+        inspect::SetPin(processor, event.pin, event.value == 1);
     }
 }
 

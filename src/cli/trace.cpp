@@ -1,5 +1,6 @@
 #include "cli/trace.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstring>
 
@@ -38,13 +39,12 @@ std::optional<std::string> Trace::Open(const std::string& file) {
     return output_.Open(file);
 }
 
-std::optional<std::string> Trace::AddLine(std::int64_t step, const core::ProcessorState& state) {
+bool Trace::AfterStep(const inspect::Step& step, const inspect::Moment& moment) {
+    const core::ProcessorState& state = moment.processor.state;
     if (used_ > kBufferSize - kLongestLine) {
-        if (std::optional<std::string> error = Flush()) {
-            return error;
-        }
+        error_ = Flush();
     }
-    char* position = PutDecimal(buffer_.data() + used_, step);
+    char* position = PutDecimal(buffer_.data() + used_, moment.measurements.Steps());
     *position++ = ' ';
     position = PutHex2(position, static_cast<unsigned>(state.pc) >> 8U);
     position = PutHex2(position, static_cast<unsigned>(state.pc));
@@ -56,9 +56,24 @@ std::optional<std::string> Trace::AddLine(std::int64_t step, const core::Process
     position = PutDecimal(position, state.clockCycles);
     *position++ = ' ';
     position = PutText(position, InstructionText(state));
-    position = PutText(position, output_.LineEnd());
     used_ = static_cast<std::size_t>(position - buffer_.data());
-    return std::nullopt;
+    if (program_ != nullptr && !step.IsInterruptEntry()) {
+        AddPlace(step);
+    }
+    used_ = static_cast<std::size_t>(PutText(buffer_.data() + used_, output_.LineEnd()) -
+                                     buffer_.data());
+    return false;
+}
+
+// A file's name may be longer than what the buffer keeps free for a line.
+void Trace::AddPlace(const inspect::Step& step) {
+    const std::string place = project::PlaceText(*program_, step.address);
+    if (place.empty()) {
+        return;
+    }
+    const std::string text = " ; " + place;
+    buffer_.resize(std::max(buffer_.size(), kBufferSize + text.size()));
+    used_ = static_cast<std::size_t>(PutText(buffer_.data() + used_, text) - buffer_.data());
 }
 
 std::string_view Trace::InstructionText(const core::ProcessorState& state) {
@@ -75,7 +90,7 @@ std::string_view Trace::InstructionText(const core::ProcessorState& state) {
 std::optional<std::string> Trace::Flush() {
     const std::string_view lines(buffer_.data(), used_);
     used_ = 0;
-    return output_.Write(lines);
+    return error_ ? error_ : output_.Write(lines);
 }
 
 std::optional<std::string> Trace::Close() {

@@ -5,7 +5,9 @@
 #include "basic/compiler.h"
 #include "basic/editor_form.h"
 #include "cli/diagnostics.h"
+#include "cli/source_file.h"
 #include "common/text.h"
+#include "common/text_file.h"
 #include "models/symbol_lines.h"
 
 namespace corvane::cli {
@@ -62,9 +64,9 @@ std::string AssemblyErrors(const std::string& file, const assembler::Assembly& a
     return errors;
 }
 
-common::Result<std::string> CompileText(const std::string& file, std::string_view text,
-                                        const ModelFile& modelFile, float clockFrequency) {
-    using CompileResult = common::Result<std::string>;
+common::Result<basic::Compilation> CompileText(const std::string& file, std::string_view text,
+                                               const ModelFile& modelFile, float clockFrequency) {
+    using CompileResult = common::Result<basic::Compilation>;
     const models::ModelDescription& description = modelFile.description;
     ReportBadSymbolLines(modelFile, description.basicSymbolLines);
     const std::string rewritten = basic::RewriteText(text, basic::EditorKeywords(description));
@@ -77,7 +79,37 @@ common::Result<std::string> CompileText(const std::string& file, std::string_vie
     for (const common::Diagnostic& warning : compilation->warnings) {
         ReportWarning(file, warning.line, warning.text);
     }
-    return CompileResult::Success(std::move(compilation->assembler));
+    return CompileResult::Success(*std::move(compilation.value));
+}
+
+std::optional<QuietBuild> BuildQuietly(const std::string& file, const ModelFile& modelFile,
+                                       float clockFrequency) {
+    auto text = common::ReadTextFile(file);
+    if (!text) {
+        return std::nullopt;
+    }
+    const models::Model& model = *modelFile.model;
+    const models::ModelDescription& description = modelFile.description;
+    QuietBuild build{.text = *std::move(text.value)};
+    if (KindOf(file) == FileKind::Basic) {
+        auto compilation =
+            basic::Compile(basic::RewriteText(build.text, basic::EditorKeywords(description)),
+                           model, description, clockFrequency);
+        if (!compilation) {
+            return std::nullopt;
+        }
+        build.text = compilation->assembler;
+        build.compilation = *std::move(compilation.value);
+    }
+    build.assembly =
+        assembler::Assemble(build.text, models::ReadSymbolLines(description.asmSymbolLines).symbols,
+                            model.defaultConfigurationWord);
+    auto image = loader::ReadIntelHex(build.assembly.hex, model.programWords);
+    if (build.assembly.errorCount > 0 || !image) {
+        return std::nullopt;
+    }
+    build.image = *std::move(image.value);
+    return build;
 }
 
 }  // namespace corvane::cli

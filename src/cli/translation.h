@@ -2,12 +2,15 @@
 // errors are returned complete, one a line.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "asm/assembler.h"
+#include "basic/compiler.h"
 #include "cli/model_files.h"
 #include "common/result.h"
+#include "loader/intel_hex.h"
 
 namespace corvane::cli {
 
@@ -20,7 +23,19 @@ std::string AssemblyErrors(const std::string& file, const assembler::Assembly& a
 
 // Rewrites the text as the BASIC editor does, and compiles it to assembler text. The clock
 // frequency is in MHz.
-common::Result<std::string> CompileText(const std::string& file, std::string_view text,
-                                        const ModelFile& modelFile, float clockFrequency);
+common::Result<basic::Compilation> CompileText(const std::string& file, std::string_view text,
+                                               const ModelFile& modelFile, float clockFrequency);
+
+// A source built without a word.
+struct QuietBuild {
+    std::string text;  // that was assembled
+    std::optional<basic::Compilation> compilation{};
+    assembler::Assembly assembly{};
+    loader::Program image{};
+};
+
+// Nothing when the .asm or .bas file cannot be read or has errors.
+std::optional<QuietBuild> BuildQuietly(const std::string& file, const ModelFile& modelFile,
+                                       float clockFrequency);
 
 }  // namespace corvane::cli

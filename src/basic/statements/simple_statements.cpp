@@ -50,6 +50,7 @@ Status Translate(Translation& translation, const Declaration& declaration) {
                          "the address after the low byte.");
     }
     translation.variables.Add(name, placed->variable);
+    translation.declared.push_back({std::string(name), placed->variable});
     translation.code.Line(AddressComment(name, placed->variable));
     return Status::Success();
 }
