@@ -43,7 +43,7 @@ void OpenWindows::RefreshAfterReset() {
     views_->ekran();
 }
 
-void OpenWindows::RefreshAfterStep() {
+void OpenWindows::RefreshAfterChange() {
     views_->ekran();
     RefreshMemories();
 }
@@ -56,10 +56,6 @@ void OpenWindows::RefreshMemories() {
         views_->stekprint();
     }
     RefreshBreakpoints();
-    RefreshChipView();
-}
-
-void OpenWindows::RefreshChipView() {
     if (IsChipViewOpen()) {
         views_->refreshpic();
     }

@@ -25,10 +25,9 @@ class OpenWindows {
     // Closes the window if it is open.
     void Close(Window window);
 
-    // After a processor reset, and after one or more steps.
+    // After a processor reset; after steps, or what a person did to the chip between two of them.
     void RefreshAfterReset();
-    void RefreshAfterStep();
-    void RefreshChipView();
+    void RefreshAfterChange();
     void RefreshBreakpoints();
 
   private:

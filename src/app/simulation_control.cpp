@@ -58,6 +58,11 @@ SimulationControl::SimulationControl(core::Processor& processor, AppSettings& se
       clock_(&clock),
       stepsBetweenClockReads_(kFewestSteps) {}
 
+bool SimulationControl::RunsExtremelyFast() const {
+    return phase_ == Phase::Running && settings_->Rate() == SimulationRate::ExtremelyFast &&
+           !processor_->state.stopRequested;
+}
+
 void SimulationControl::Start() {
     if (!CanStart()) {
         return;
@@ -65,7 +70,6 @@ void SimulationControl::Start() {
     startTime_ = clock_->SecondsSinceMidnight() - 0.01F;
     core::StartSimulation(*processor_);
     phase_ = Phase::Waiting;
-    unshownSteps_ = false;
     windows_->RefreshAfterReset();
     if (settings_->Rate() != SimulationRate::StepByStep) {
         EnterRunLoop();
@@ -92,7 +96,7 @@ void SimulationControl::Stop() {
         if (insideSlice_) {
             return;  // the slice ends after its current steps and then completes this
         }
-        ShowSteps();
+        ShowState();
     }
     CompleteStop();
 }
@@ -100,7 +104,7 @@ void SimulationControl::Stop() {
 void SimulationControl::SetRate(SimulationRate rate) {
     settings_->SetRate(rate);
     if (phase_ == Phase::Running && rate == SimulationRate::StepByStep && !insideSlice_) {
-        ShowSteps();
+        ShowState();
         LeaveRunLoop();
     } else if (phase_ == Phase::Waiting && rate != SimulationRate::StepByStep) {
         EnterRunLoop();
@@ -145,8 +149,7 @@ void SimulationControl::ExecuteOneStep() {
     if (core::ExecuteStep(*processor_).breakpointReached) {
         BreakpointReached();
     }
-    unshownSteps_ = true;
-    ShowSteps();
+    ShowState();
 }
 
 void SimulationControl::ExecuteFastSlice() {
@@ -163,18 +166,14 @@ void SimulationControl::ExecuteFastSlice() {
         now = clock_->SteadyTime();
         stepsBetweenClockReads_ = AdaptedSteps(stepsBetweenClockReads_, now - begin);
     } while (!finished && now < end);
-    unshownSteps_ = true;
     if (finished || now >= nextRefresh_) {
         nextRefresh_ = now + kRefreshInterval;
-        ShowSteps();
+        ShowState();
     }
 }
 
-void SimulationControl::ShowSteps() {
-    if (unshownSteps_) {
-        unshownSteps_ = false;
-        windows_->RefreshAfterStep();
-    }
+void SimulationControl::ShowState() {
+    windows_->RefreshAfterChange();
 }
 
 void SimulationControl::BreakpointReached() {

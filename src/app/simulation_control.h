@@ -29,6 +29,8 @@ class SimulationControl {
 
     // True from Start until Stop completes.
     bool SimulationRunning() const { return phase_ != Phase::Idle; }
+    // Steps follow each other at Extremely Fast, so that only some of them are shown.
+    bool RunsExtremelyFast() const;
 
     // Which of the three commands are enabled; a disabled one does nothing.
     bool CanStart() const { return phase_ == Phase::Idle; }
@@ -59,7 +61,7 @@ class SimulationControl {
     void LeaveRunLoop();
     void ExecuteOneStep();
     void ExecuteFastSlice();
-    void ShowSteps();
+    void ShowState();
     void BeginPause(SimulationRate rate);
     bool IsPausing();
     void CompleteStop();
@@ -74,7 +76,6 @@ class SimulationControl {
     Phase phase_ = Phase::Idle;
     bool insideSlice_ = false;
     std::int64_t stepsBetweenClockReads_;  // at Extremely Fast
-    bool unshownSteps_ = false;
     std::optional<Pause> pause_;
     std::chrono::nanoseconds nextRefresh_{0};
     float startTime_ = 0;  // seconds since midnight

@@ -84,6 +84,7 @@ bool Workbench::ApplySelectedModel() {
     }
     programPath_.clear();
     loadedWords_ = 0;
+    breakpoints_.Clear();
     processor_ = core::MakeProcessor(model, *std::move(description.value));
     processor_.eepromWriteTime = settings_.EepromWriteTime();
     processor_.adConversionTime = settings_.AdConversionTime();
@@ -257,12 +258,12 @@ void Workbench::ChangeAdConversionTime() {
 
 void Workbench::TogglePin(core::Pin pin) {
     core::TogglePin(processor_, pin, simulation_.SimulationRunning());
-    windows_.RefreshChipView();
+    windows_.RefreshAfterChange();
 }
 
 void Workbench::SetAnalogValue(int channel, int value) {
     core::SetAnalogValue(processor_, channel, value);
-    windows_.RefreshChipView();
+    windows_.RefreshAfterChange();
 }
 
 Listing Workbench::BuildBreakpointListing(Dialogs& dialogs) const {

@@ -100,6 +100,7 @@ class WindowScript : public DesktopTest, public testing::WithParamInterface<std:
             {"clock", &WindowScript::ClockStep},   {"close", &WindowScript::Close},
             {"color", &WindowScript::Color},       {"do", &WindowScript::Trigger},
             {"file", &WindowScript::File},         {"focus", &WindowScript::Focus},
+            {"hold", &WindowScript::Hold},         {"release", &WindowScript::Release},
             {"input", &WindowScript::Input},       {"is", &WindowScript::Is},
             {"key", &WindowScript::Key},           {"line", &WindowScript::Line},
             {"link", &WindowScript::Link},         {"twin", &WindowScript::Twin},
@@ -279,6 +280,12 @@ class WindowScript : public DesktopTest, public testing::WithParamInterface<std:
             EXPECT_TRUE(widget->isVisible()) << name;
             QTest::mouseClick(widget, Qt::LeftButton);
         }
+    }
+    void Hold(const std::string& name) {
+        QTest::mousePress(Child<QWidget>(Current(), name), Qt::LeftButton);
+    }
+    void Release(const std::string& name) {
+        QTest::mouseRelease(Child<QWidget>(Current(), name), Qt::LeftButton);
     }
     void Key(const std::string& text) {
         std::istringstream keys(text);

@@ -53,6 +53,7 @@ void ChipView::AddPins(PackageDiagram& diagram) {
         arrowKeys->addButton(controls.Input());
         connect(controls.Input(), &QAbstractButton::clicked, this,
                 [this, button = controls.Input(), pin = *pin] { Toggle(*button, pin); });
+        connect(controls.Input(), &QAbstractButton::released, this, &ChipView::refreshpic);
         if (controls.Analog() != nullptr) {
             arrowKeys->addButton(controls.Analog());
             connect(controls.Analog(), &QAbstractButton::clicked, this,
@@ -82,8 +83,9 @@ void ChipView::Toggle(const InputButton& button, core::Pin pin) {
 }
 
 void ChipView::refreshpic() {
+    const bool runsExtremelyFast = Workbench().Simulation().RunsExtremelyFast();
     for (PinControls& pin : pins_) {
-        pin.Show(app::AppearanceOf(Workbench().Processor(), pin.Pin()));
+        pin.Show(app::AppearanceOf(Workbench().Processor(), pin.Pin()), runsExtremelyFast);
     }
 }
 

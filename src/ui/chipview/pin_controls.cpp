@@ -1,5 +1,7 @@
 #include "ui/chipview/pin_controls.h"
 
+#include <algorithm>
+
 #include "ui/chipview/pin_label.h"
 
 namespace corvane::ui {
@@ -9,6 +11,7 @@ namespace {
 constexpr int kWidestLevel = 5;  // "VREF+"
 constexpr int kButtonPadding = 16;
 constexpr QSize kLevelPadding(10, 4);  // both sides and the frame together
+constexpr int kFramesToHiding = 15;    // a quarter of a second
 
 QColor ColourOf(app::PinLevel level) {
     switch (level) {
@@ -75,14 +78,17 @@ PinControls::PinControls(PackageDiagram& diagram, const models::PackagePin& plac
     }
 }
 
-void PinControls::Show(const app::PinAppearance& appearance) {
-    if (shown_ == appearance) {
-        return;
+void PinControls::Show(const app::PinAppearance& appearance, bool runsExtremelyFast) {
+    if (appearance.button == app::PinButton::Input) {
+        framesToHiding_ = kFramesToHiding;
+    } else {
+        framesToHiding_ = runsExtremelyFast ? std::max(0, framesToHiding_ - 1) : 0;
     }
+    const bool isSame = shown_ == appearance;
     shown_ = appearance;
-    input_->setVisible(appearance.button == app::PinButton::Input);
-    if (analog_ != nullptr) {
-        analog_->setVisible(appearance.button == app::PinButton::Analog);
+    ShowButtons();
+    if (isSame) {
+        return;
     }
     QPalette palette;  // the text stays dark on a dark desktop
     palette.setColor(QPalette::Window, ColourOf(appearance.level));
@@ -90,6 +96,17 @@ void PinControls::Show(const app::PinAppearance& appearance) {
     level_->setPalette(palette);
     level_->ShowText(appearance.text);
     level_->SetMeaning(place_ + ": " + KindOf(appearance));
+}
+
+void PinControls::ShowButtons() {
+    const bool isAnalog = shown_->button == app::PinButton::Analog;
+    const bool isInput = !isAnalog && (framesToHiding_ > 0 || input_->isDown());
+    if (input_->isHidden() == isInput) {
+        input_->setVisible(isInput);
+    }
+    if (analog_ != nullptr && analog_->isHidden() == isAnalog) {
+        analog_->setVisible(isAnalog);
+    }
 }
 
 }  // namespace corvane::ui

@@ -22,10 +22,15 @@ class PinControls {
     InputButton* Input() const { return input_; }
     QToolButton* Analog() const { return analog_; }  // null without an analog channel
 
-    // Touches nothing while the appearance stays the same.
-    void Show(const app::PinAppearance& appearance);
+    // Touches nothing while the appearance stays the same. While steps follow each other unseen,
+    // the button stays for some more frames after its pin has become an output: one that blinks
+    // could not be clicked.
+    void Show(const app::PinAppearance& appearance, bool runsExtremelyFast);
 
   private:
+    // A button that is held down stays until it is released.
+    void ShowButtons();
+
     core::Pin pin_;
     std::optional<int> analogChannel_;
     QString place_;  // "RA0/AN0, pin 2"
@@ -33,6 +38,7 @@ class PinControls {
     InputButton* input_;
     QToolButton* analog_ = nullptr;
     std::optional<app::PinAppearance> shown_;
+    int framesToHiding_ = 0;
 };
 
 }  // namespace corvane::ui

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <bitset>
 #include <cstdint>
 
 #include "core/processor_state.h"
@@ -12,10 +13,10 @@ namespace corvane::ui {
 class LastStep {
   public:
     // To be called once for each redraw. Changes count only when it comes exactly one step after
-    // the one before.
+    // the one before. What a person changes between two steps does not count.
     void Observe(const core::ProcessorState& state);
 
-    bool HasChangedW() const { return isOneStep_ && before_.w != now_.w; }
+    bool HasChangedW() const { return changed_.w; }
     // A data-memory address, or models::kPrescalerAddress.
     bool HasChanged(int address) const;
 
@@ -25,11 +26,15 @@ class LastStep {
         int w = 0;
         int prescalerCount = 0;
     };
+    struct Changes {
+        std::bitset<models::kDataMemorySize> dataMemory;
+        bool w = false;
+        bool prescalerCount = false;
+    };
 
     StepWatch watch_;
-    Values before_;
-    Values now_;
-    bool isOneStep_ = false;
+    Values shown_;
+    Changes changed_;
 };
 
 }  // namespace corvane::ui
