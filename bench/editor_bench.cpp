@@ -29,6 +29,7 @@ class NoViews final : public app::Views {
     void drawlines() override {}
     void refreshpic() override {}
     void ekran() override {}
+    void BringPcIntoView() override {}
     void ModelChanged() override {}
     void ProgramChanged() override {}
     void CommandsChanged() override {}

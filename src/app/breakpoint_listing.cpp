@@ -83,15 +83,15 @@ std::vector<ListingRow> VisibleRows(const Listing& listing, int scrollValue,
     return rows;
 }
 
-std::optional<int> ScrollValueForPc(const Listing& listing, int scrollValue, int pc) {
-    const auto isPc = [pc](const ListingLine& line) { return line.address == pc; };
+std::optional<int> ScrollValueFor(const Listing& listing, int scrollValue, int address) {
+    const auto isWanted = [address](const ListingLine& line) { return line.address == address; };
     const auto first = listing.begin() + static_cast<std::ptrdiff_t>(
                                              std::min(IndexOf(scrollValue, 0), listing.size()));
     const auto last = first + std::min<std::ptrdiff_t>(kListingRows, listing.end() - first);
-    if (std::any_of(first, last, isPc)) {
+    if (std::any_of(first, last, isWanted)) {
         return std::nullopt;
     }
-    const auto found = std::ranges::find_if(listing, isPc);
+    const auto found = std::ranges::find_if(listing, isWanted);
     if (found == listing.end()) {
         return std::nullopt;
     }

@@ -39,8 +39,8 @@ struct ListingRow {
 std::vector<ListingRow> VisibleRows(const Listing& listing, int scrollValue,
                                     const BreakpointList& breakpoints, int pc);
 
-// Hold PC In Focus: the scroll value that brings the line of pc into view; nothing when it is in
-// view already or not in the listing.
-std::optional<int> ScrollValueForPc(const Listing& listing, int scrollValue, int pc);
+// The scroll value that brings the line of this address into view, as Hold PC In Focus wants it for
+// pc; nothing when it is in view already or not in the listing.
+std::optional<int> ScrollValueFor(const Listing& listing, int scrollValue, int address);
 
 }  // namespace corvane::app

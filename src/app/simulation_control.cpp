@@ -63,10 +63,27 @@ bool SimulationControl::RunsExtremelyFast() const {
            !processor_->state.stopRequested;
 }
 
+RunStatus SimulationControl::Status() const {
+    const int pc = processor_->state.pc;
+    const SimulationRate rate = settings_->Rate();
+    switch (phase_) {
+        case Phase::Running:
+            return {RunCondition::Running, rate, pc};
+        case Phase::Waiting:
+            return {breakpointReached_ == pc ? RunCondition::AtBreakpoint : RunCondition::Waiting,
+                    rate, pc};
+        case Phase::Idle:
+            break;
+    }
+    return {ending_.condition, rate, ending_.pc};
+}
+
 void SimulationControl::Start() {
     if (!CanStart()) {
         return;
     }
+    isStopCommanded_ = false;
+    breakpointReached_.reset();
     startTime_ = clock_->SecondsSinceMidnight() - 0.01F;
     core::StartSimulation(*processor_);
     phase_ = Phase::Waiting;
@@ -91,6 +108,7 @@ void SimulationControl::Stop() {
     if (!CanStop()) {
         return;
     }
+    isStopCommanded_ = true;
     if (phase_ == Phase::Running) {
         processor_->state.stopRequested = true;
         if (insideSlice_) {
@@ -146,13 +164,16 @@ void SimulationControl::LeaveRunLoop() {
 }
 
 void SimulationControl::ExecuteOneStep() {
+    breakpointReached_.reset();
     if (core::ExecuteStep(*processor_).breakpointReached) {
         BreakpointReached();
     }
     ShowState();
+    ShowBreakpoint();
 }
 
 void SimulationControl::ExecuteFastSlice() {
+    breakpointReached_.reset();
     nanoseconds now = clock_->SteadyTime();
     const nanoseconds end = std::min(now + kFastSlice, nextRefresh_);
     bool finished = false;
@@ -169,6 +190,7 @@ void SimulationControl::ExecuteFastSlice() {
     if (finished || now >= nextRefresh_) {
         nextRefresh_ = now + kRefreshInterval;
         ShowState();
+        ShowBreakpoint();
     }
 }
 
@@ -176,7 +198,14 @@ void SimulationControl::ShowState() {
     windows_->RefreshAfterChange();
 }
 
+void SimulationControl::ShowBreakpoint() {
+    if (breakpointReached_) {
+        views_->BringPcIntoView();
+    }
+}
+
 void SimulationControl::BreakpointReached() {
+    breakpointReached_ = processor_->state.pc;
     settings_->SetRate(SimulationRate::StepByStep);
 }
 
@@ -208,6 +237,8 @@ bool SimulationControl::IsPausing() {
 void SimulationControl::CompleteStop() {
     phase_ = Phase::Idle;
     pause_.reset();
+    ending_ = {.condition = isStopCommanded_ ? RunCondition::Stopped : RunCondition::Ended,
+               .pc = processor_->state.pc};
     const std::string statistics = project::StatisticsMessage(
         processor_->state, startTime_, clock_->SecondsSinceMidnight(), settings_->ClockFrequency());
     views_->CommandsChanged();

@@ -17,6 +17,7 @@
 #include "app/clock.h"
 #include "app/dialogs.h"
 #include "app/open_windows.h"
+#include "app/run_status.h"
 #include "app/views.h"
 #include "core/processor.h"
 
@@ -29,8 +30,12 @@ class SimulationControl {
 
     // True from Start until Stop completes.
     bool SimulationRunning() const { return phase_ != Phase::Idle; }
+    bool RunsByItself() const { return phase_ == Phase::Running; }  // and does not wait for Step
     // Steps follow each other at Extremely Fast, so that only some of them are shown.
     bool RunsExtremelyFast() const;
+    RunStatus Status() const;
+    // The processor has been reset by something else than Start: nothing has run.
+    void ForgetRun() { ending_ = {}; }
 
     // Which of the three commands are enabled; a disabled one does nothing.
     bool CanStart() const { return phase_ == Phase::Idle; }
@@ -66,6 +71,7 @@ class SimulationControl {
     bool IsPausing();
     void CompleteStop();
     void BreakpointReached();
+    void ShowBreakpoint();
 
     core::Processor* processor_;
     AppSettings* settings_;
@@ -79,6 +85,14 @@ class SimulationControl {
     std::optional<Pause> pause_;
     std::chrono::nanoseconds nextRefresh_{0};
     float startTime_ = 0;  // seconds since midnight
+    bool isStopCommanded_ = false;
+    std::optional<int> breakpointReached_;  // pc then
+
+    struct Ending {
+        RunCondition condition = RunCondition::Idle;
+        int pc = 0;
+    };
+    Ending ending_;  // of the last run
 };
 
 }  // namespace corvane::app

@@ -20,6 +20,9 @@ class Views {
     virtual void refreshpic() = 0;     // the Microcontroller View
     virtual void ekran() = 0;          // main window
 
+    // The program has come to a breakpoint: every window that lists it goes to the line of pc.
+    virtual void BringPcIntoView() = 0;
+
     // The model's register lists are other ones: tables go to their first rows, scroll bars get
     // their new ranges. Model name and memory sizes may have changed too.
     virtual void ModelChanged() = 0;

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "app/hex_input.h"
 #include "app/source_file.h"
 #include "common/decimal_text.h"
 #include "common/text_file.h"
@@ -89,6 +90,7 @@ bool Workbench::ApplySelectedModel() {
     processor_.eepromWriteTime = settings_.EepromWriteTime();
     processor_.adConversionTime = settings_.AdConversionTime();
     configurationWord_ = model.defaultConfigurationWord;
+    simulation_.ForgetRun();
     BreakpointsChanged();
     views_->ProgramChanged();
     views_->ModelChanged();
@@ -167,6 +169,7 @@ void Workbench::ReplaceProgram(const std::string& path, std::span<const std::uin
                                int loadedWords) {
     core::Clean(processor_);
     core::FillProgramMemory(processor_, words);
+    simulation_.ForgetRun();
     programPath_ = path;
     loadedWords_ = loadedWords;
     breakpoints_.Clear();
@@ -264,6 +267,42 @@ void Workbench::TogglePin(core::Pin pin) {
 void Workbench::SetAnalogValue(int channel, int value) {
     core::SetAnalogValue(processor_, channel, value);
     windows_.RefreshAfterChange();
+}
+
+bool Workbench::RefuseChange(Dialogs& dialogs, const ValuePlace& place) const {
+    if (simulation_.RunsByItself()) {
+        dialogs.Inform("Please select Step By Step or stop the simulation first.");
+        return true;
+    }
+    if (ChangeableBits(processor_, place) == 0) {
+        dialogs.Inform(NameOf(processor_, place) + " can not be changed.");
+        return true;
+    }
+    return false;
+}
+
+void Workbench::ChangeValue(Dialogs& dialogs, const ValuePlace& place) {
+    if (RefuseChange(dialogs, place)) {
+        return;
+    }
+    const models::Model* model = processor_.model;
+    const bool isWide = place.kind == ValueKind::Pc || place.kind == ValueKind::StackLevel;
+    const std::optional<int> value = AskHex(
+        dialogs,
+        {.prompt = "Enter new value of " + NameOf(processor_, place),
+         .digits = place.bit ? 1
+                   : isWide  ? 4
+                             : 2,
+         .current = ValueAt(processor_, place),
+         .largest = place.bit                           ? 1
+                    : place.kind == ValueKind::Register ? 0xFF
+                                                        : ChangeableBits(processor_, place),
+         .remark = simulation_.SimulationRunning() ? "" : "The next Start resets the processor."});
+    // While the person was thinking, another window may have started it or chosen another model.
+    if (value && processor_.model == model && !RefuseChange(dialogs, place)) {
+        StoreValue(processor_, place, *value);
+        windows_.RefreshAfterChange();
+    }
 }
 
 Listing Workbench::BuildBreakpointListing(Dialogs& dialogs) const {

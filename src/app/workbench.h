@@ -11,6 +11,7 @@
 #include "app/app_settings.h"
 #include "app/breakpoint_list.h"
 #include "app/breakpoint_listing.h"
+#include "app/chip_value.h"
 #include "app/clock.h"
 #include "app/dialogs.h"
 #include "app/open_windows.h"
@@ -56,6 +57,8 @@ class Workbench {
     int ConfigurationWord() const { return configurationWord_; }
     void SetConfigurationWord(int word) { configurationWord_ = word; }
     CommandStates Commands() const;
+    // Where the simulation stands: "Running, Extremely Fast".
+    std::string Status() const { return StatusText(simulation_.Status(), processor_); }
     AppSettings& Settings() { return settings_; }
     const AppSettings& Settings() const { return settings_; }
     OpenWindows& Windows() { return windows_; }
@@ -83,6 +86,10 @@ class Workbench {
     void TogglePin(core::Pin pin);
     void SetAnalogValue(int channel, int value);
 
+    // Asks for a new value of what a window shows, with that window's dialogs; not while the
+    // simulation runs by itself.
+    void ChangeValue(Dialogs& dialogs, const ValuePlace& place);
+
     // Breakpoints Manager, with its own dialogs.
     Listing BuildBreakpointListing(Dialogs& dialogs) const;
     void ToggleBreakpoint(Dialogs& dialogs, int address);
@@ -94,6 +101,7 @@ class Workbench {
   private:
     bool ApplySelectedModel();
     bool RefuseWhileRunning();
+    bool RefuseChange(Dialogs& dialogs, const ValuePlace& place) const;
     bool RefuseWhileOpen(Window window);
     bool RefuseLoading();
     void ReplaceProgram(const std::string& path, std::span<const std::uint16_t> words,

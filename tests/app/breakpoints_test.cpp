@@ -41,10 +41,10 @@ TEST(BreakpointListing, ScrollingAndHolding) {
         {1, 79, 84},  {1, 100, {}}, {85, 8191, {}},
     };
     for (const Case& c : cases) {
-        EXPECT_EQ(ScrollValueForPc(listing, c.scrollValue, c.pc), c.moved)
+        EXPECT_EQ(ScrollValueFor(listing, c.scrollValue, c.pc), c.moved)
             << c.scrollValue << " " << c.pc;
     }
-    EXPECT_EQ(ScrollValueForPc({}, 1, 0), std::nullopt);
+    EXPECT_EQ(ScrollValueFor({}, 1, 0), std::nullopt);
 }
 
 TEST(BreakpointListing, RowsShowMarkers) {

@@ -87,6 +87,7 @@ class RecordingViews final : public Views {
             duringRefresh();
         }
     }
+    void BringPcIntoView() override { calls.emplace_back("breakpoint"); }
     void ModelChanged() override { calls.emplace_back("model"); }
     void ProgramChanged() override { calls.emplace_back("program"); }
     void CommandsChanged() override { commandsSeen.push_back(workbench->Commands()); }

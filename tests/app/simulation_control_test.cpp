@@ -103,6 +103,7 @@ TEST_F(SimulationTest, TimedRatesPauseAfterEachStep) {
         EXPECT_EQ(views.Calls(), Texts{"ekran"});
         Simulation().Stop();
         EXPECT_EQ(dialogs.Shown().size(), 1U) << "Stop does not wait for the pause";
+        EXPECT_EQ(workbench->Status(), "Stopped: Stop at 0002: GOTO 0x000");
         EXPECT_EQ(State().instructionCount, 2);
         Simulation().RunSlice();  // the timer fires once more
         EXPECT_EQ(State().instructionCount, 2);
@@ -188,11 +189,15 @@ TEST_F(SimulationTest, AProgramThatEndsStopsTheSimulationAtEveryRate) {
     struct Case {
         std::vector<int> words;
         std::int64_t instructions;
+        std::string status;
     };
-    const Case cases[] = {{{kNop, kSleep}, 2}, {{kNop, 0x0001}, 2}, {{0x3018, 0x008A, 0x2805}, 3}};
+    const Case cases[] = {{{kNop, kSleep}, 2, "SLEEP at 0001"},
+                          {{kNop, 0x0065}, 2, "no instruction, word 0065 at 0001"},
+                          {{0x3018, 0x008A, 0x2805}, 3, "end of program memory at 1805"}};
     for (const Case& c : cases) {
         for (int rate = 1; rate <= 5; ++rate) {
             Prepare(static_cast<SimulationRate>(rate), c.words);
+            EXPECT_EQ(workbench->Status(), "Idle");
             Simulation().Start();
             for (int i = 0; i < 10 && Simulation().SimulationRunning(); ++i) {
                 rate == 1 ? Simulation().Step() : FireTimer();
@@ -202,6 +207,7 @@ TEST_F(SimulationTest, AProgramThatEndsStopsTheSimulationAtEveryRate) {
             EXPECT_EQ(dialogs.Shown().size(), 1U);
             EXPECT_EQ(workbench->Settings().Rate(), static_cast<SimulationRate>(rate));
             ExpectCommands(true, false, false);
+            EXPECT_EQ(workbench->Status(), "Stopped: " + c.status);
         }
     }
 }
@@ -218,10 +224,15 @@ TEST_F(SimulationTest, ABreakpointSelectsStepByStep) {
         EXPECT_EQ(State().pc, 2);
         EXPECT_EQ(State().instructionCount, 2);
         EXPECT_EQ(store.values.at("Simulation Rate"), "1");
-        EXPECT_EQ(views.calls.back(), "ekran") << "the breakpoint is shown";
+        const Texts calls = views.Calls();
+        EXPECT_EQ(Texts(calls.end() - 2, calls.end()), (Texts{"ekran", "breakpoint"}))
+            << "its line comes into view";
+        EXPECT_EQ(workbench->Status(), "Breakpoint at 0002: NOP");
         ExpectCommands(false, true, true);
         Simulation().Step();
         EXPECT_EQ(State().pc, 3);
+        EXPECT_EQ(workbench->Status(), "Waiting at 0003: SLEEP");
+        EXPECT_EQ(views.Calls(), Texts{"ekran"});
         Simulation().SetRate(SimulationRate::ExtremelyFast);
         FireTimer();
         EXPECT_FALSE(Simulation().SimulationRunning());

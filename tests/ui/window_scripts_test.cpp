@@ -94,24 +94,25 @@ class WindowScript : public DesktopTest, public testing::WithParamInterface<std:
     void Do(const std::string& line) {
         using Command = void (WindowScript::*)(const std::string&);
         static const std::map<std::string, Command> kCommands = {
-            {"answer", &WindowScript::Answer},     {"cell", &WindowScript::Cell},
-            {"bold", &WindowScript::Bold},         {"choose", &WindowScript::Choose},
-            {"click", &WindowScript::Click},       {"clipboard", &WindowScript::Clipboard},
-            {"clock", &WindowScript::ClockStep},   {"close", &WindowScript::Close},
-            {"color", &WindowScript::Color},       {"do", &WindowScript::Trigger},
-            {"file", &WindowScript::File},         {"focus", &WindowScript::Focus},
-            {"hold", &WindowScript::Hold},         {"release", &WindowScript::Release},
-            {"input", &WindowScript::Input},       {"is", &WindowScript::Is},
-            {"key", &WindowScript::Key},           {"line", &WindowScript::Line},
-            {"link", &WindowScript::Link},         {"twin", &WindowScript::Twin},
-            {"fifo", &WindowScript::Fifo},         {"load", &WindowScript::LoadWords},
-            {"model", &WindowScript::Model},       {"opened", &WindowScript::Opened},
-            {"openfile", &WindowScript::OpenFile}, {"pin", &WindowScript::PinIs},
-            {"run", &WindowScript::RunWrites},     {"set", &WindowScript::Set},
-            {"setting", &WindowScript::Setting},   {"shown", &WindowScript::Shown},
-            {"start", &WindowScript::StartUp},     {"stored", &WindowScript::Stored},
-            {"type", &WindowScript::Type},         {"wait", &WindowScript::Wait},
-            {"window", &WindowScript::Switch},     {"write", &WindowScript::WriteFile}};
+            {"answer", &WindowScript::Answer},   {"cell", &WindowScript::Cell},
+            {"bold", &WindowScript::Bold},       {"choose", &WindowScript::Choose},
+            {"click", &WindowScript::Click},     {"clipboard", &WindowScript::Clipboard},
+            {"clock", &WindowScript::ClockStep}, {"copied", &WindowScript::Copied},
+            {"close", &WindowScript::Close},     {"color", &WindowScript::Color},
+            {"do", &WindowScript::Trigger},      {"file", &WindowScript::File},
+            {"focus", &WindowScript::Focus},     {"hold", &WindowScript::Hold},
+            {"release", &WindowScript::Release}, {"input", &WindowScript::Input},
+            {"is", &WindowScript::Is},           {"key", &WindowScript::Key},
+            {"line", &WindowScript::Line},       {"link", &WindowScript::Link},
+            {"twin", &WindowScript::Twin},       {"fifo", &WindowScript::Fifo},
+            {"load", &WindowScript::LoadWords},  {"model", &WindowScript::Model},
+            {"opened", &WindowScript::Opened},   {"openfile", &WindowScript::OpenFile},
+            {"pin", &WindowScript::PinIs},       {"run", &WindowScript::RunWrites},
+            {"set", &WindowScript::Set},         {"setting", &WindowScript::Setting},
+            {"shown", &WindowScript::Shown},     {"start", &WindowScript::StartUp},
+            {"stored", &WindowScript::Stored},   {"type", &WindowScript::Type},
+            {"wait", &WindowScript::Wait},       {"window", &WindowScript::Switch},
+            {"write", &WindowScript::WriteFile}};
         const auto [command, rest] = Split(line);
         const auto found = kCommands.find(command);
         ASSERT_NE(found, kCommands.end()) << command;
@@ -280,6 +281,9 @@ class WindowScript : public DesktopTest, public testing::WithParamInterface<std:
             EXPECT_TRUE(widget->isVisible()) << name;
             QTest::mouseClick(widget, Qt::LeftButton);
         }
+    }
+    void Copied(const std::string& text) {
+        EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(), text);
     }
     void Hold(const std::string& name) {
         QTest::mousePress(Child<QWidget>(Current(), name), Qt::LeftButton);

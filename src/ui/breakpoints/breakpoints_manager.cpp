@@ -5,8 +5,11 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <span>
 
 #include "ui/common/data_font.h"
+#include "ui/common/value_actions.h"
 
 namespace corvane::ui {
 
@@ -30,6 +33,7 @@ BreakpointsManager::BreakpointsManager(app::Workbench& workbench, const DialogsF
     layout->addLayout(panes, 1);
     AddFooter(*layout);
     CloseButton()->setObjectName("Command2");
+    AddGoToAddress(*dialogs_);
 }
 
 BreakpointsManager::~BreakpointsManager() = default;
@@ -50,6 +54,10 @@ QLayout* BreakpointsManager::MakeListingPane() {
 QWidget* BreakpointsManager::MakeSlots() {
     auto* group = new QGroupBox(tr("Defined Breakpoints"));
     auto* addresses = new QVBoxLayout;
+    auto* actions = new ValueActions(*this, tr("&Go to Line"));
+    connect(actions, &ValueActions::Clicked, this, [this](const QLabel* slot) { GoToSlot(*slot); });
+    connect(actions, &ValueActions::ChangeRequested, this,
+            [this](const QLabel* slot) { GoToSlot(*slot); });
     int number = 0;
     for (DataLabel*& slot : slots_) {
         slot = new DataLabel(kAddressColumns);
@@ -57,6 +65,7 @@ QWidget* BreakpointsManager::MakeSlots() {
         slot->SetMeaning(tr("Breakpoint %1").arg(++number));
         slot->SetFramed();
         slot->setAlignment(Qt::AlignCenter);
+        actions->Add(*slot);
         addresses->addWidget(slot, 0, Qt::AlignHCenter);
     }
     group->setLayout(addresses);
@@ -84,15 +93,34 @@ void BreakpointsManager::Opened() {
     listingView_->setFocus();
 }
 
+bool BreakpointsManager::GoTo(int address) {
+    ScrollTo(address);
+    listingView_->FocusAddress(address);
+    return std::ranges::find(listing_, address, &app::ListingLine::address) != listing_.end();
+}
+
+void BreakpointsManager::GoToSlot(const QLabel& slot) {
+    const auto place = std::ranges::find(slots_, &slot);
+    const auto index = static_cast<std::size_t>(place - slots_.begin());
+    const std::span<const int> addresses = Workbench().Breakpoints().Addresses();
+    if (index < addresses.size()) {
+        GoTo(addresses[index]);
+    }
+}
+
+bool BreakpointsManager::ScrollTo(int address) {
+    const std::optional<int> value =
+        app::ScrollValueFor(listing_, listingView_->ScrollValue(), address);
+    if (value) {
+        listingView_->ScrollTo(*value);  // which draws what then is in view
+    }
+    return value.has_value();
+}
+
 void BreakpointsManager::drawlines() {
     const int pc = Workbench().Processor().state.pc;
-    if (holdPc_->isChecked()) {
-        const std::optional<int> value =
-            app::ScrollValueForPc(listing_, listingView_->ScrollValue(), pc);
-        if (value) {
-            listingView_->ScrollTo(*value);  // which draws what then is in view
-            return;
-        }
+    if (holdPc_->isChecked() && ScrollTo(pc)) {
+        return;
     }
     listingView_->ShowRows(
         app::VisibleRows(listing_, listingView_->ScrollValue(), Workbench().Breakpoints(), pc));

@@ -17,13 +17,19 @@ class BreakpointsManager final : public SecondaryWindow {
     BreakpointsManager(app::Workbench& workbench, const DialogsFactory& makeDialogs);
     ~BreakpointsManager() override;
 
+    void BringIntoView(int address) override { ScrollTo(address); }
+    bool GoTo(int address) override;
+
   protected:
     void Draw() override { drawlines(); }
     void Opened() override;
 
   private:
     void drawlines();
+    // False if the address is in view, or nowhere.
+    bool ScrollTo(int address);
     void ShowSlots();
+    void GoToSlot(const QLabel& slot);
     QWidget* MakeSlots();
     QLayout* MakeListingPane();
     QLayout* MakeBreakpointPane();

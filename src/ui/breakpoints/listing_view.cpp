@@ -1,13 +1,17 @@
 #include "ui/breakpoints/listing_view.h"
 
+#include <QClipboard>
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QWheelEvent>
 #include <algorithm>
 
+#include "common/text.h"
 #include "ui/breakpoints/accessible_listing.h"
+#include "ui/common/qt_text.h"
 
 namespace corvane::ui {
 
@@ -109,6 +113,13 @@ void ListingView::SetCurrentRow(int current) {
     }
 }
 
+void ListingView::FocusAddress(int address) {
+    const auto row = std::ranges::find(rows_, address, &ListingRowButton::Address);
+    if (row != rows_.end()) {
+        MoveFocus(static_cast<int>(row - rows_.begin()));
+    }
+}
+
 void ListingView::MoveFocus(int row) {
     if (row >= 0 && row < shownRows_) {
         SetCurrentRow(row);
@@ -117,6 +128,11 @@ void ListingView::MoveFocus(int row) {
 }
 
 void ListingView::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Copy)) {
+        const std::string& line = rows_.at(static_cast<std::size_t>(currentRow_))->Text();
+        QGuiApplication::clipboard()->setText(QtString(common::TrimRight(line)));
+        return;
+    }
     switch (event->key()) {
         case Qt::Key_Up:
             if (currentRow_ > 0) {

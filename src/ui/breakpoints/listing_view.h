@@ -21,6 +21,8 @@ class ListingView final : public QFrame {
     void SetLargestScrollValue(int value);
     int ScrollValue() const;
     void ScrollTo(int value);
+    // Gives the focus to the row of this address, if one shows it.
+    void FocusAddress(int address);
 
     void ShowRows(std::span<const app::ListingRow> rows);
 

@@ -57,6 +57,10 @@ void BitCell::ShowState(BitState state) {
     }
 }
 
+QString BitCell::StateText() const {
+    return state_ == BitState::Unimplemented ? QString() : StateInWords(state_);
+}
+
 void BitCell::Describe() {
     const QString text = meaning_.isEmpty() ? QString() : meaning_ + ": " + StateInWords(state_);
     // Without a name it would be called after the group that it stands in.
@@ -67,8 +71,9 @@ void BitCell::Describe() {
 
 void BitCell::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    painter.fillRect(rect(), palette().color(QPalette::Mid));
-    painter.fillRect(rect().adjusted(1, 1, -1, -1), ColourOf(state_));
+    const int border = hasFocus() ? 3 : 1;
+    painter.fillRect(rect(), palette().color(hasFocus() ? QPalette::Highlight : QPalette::Mid));
+    painter.fillRect(rect().adjusted(border, border, -border, -border), ColourOf(state_));
 }
 
 }  // namespace corvane::ui

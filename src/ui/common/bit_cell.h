@@ -21,6 +21,7 @@ class BitCell : public QLabel {
     void ShowState(BitState state);
 
     BitState State() const { return state_; }
+    QString StateText() const;  // "0", "1", or nothing for a bit that is not implemented
     static QColor ColourOf(BitState state);
 
   protected:

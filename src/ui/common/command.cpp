@@ -6,8 +6,8 @@ namespace corvane::ui {
 
 namespace {
 
-QAction* Add(QMenu& menu, const Command& command) {
-    QAction* action = menu.addAction(command.caption);
+QAction* NewAction(QObject& owner, const Command& command) {
+    auto* action = new QAction(command.caption, &owner);
     action->setObjectName(command.name);
     action->setShortcut(command.keys);
     return action;
@@ -15,19 +15,27 @@ QAction* Add(QMenu& menu, const Command& command) {
 
 }  // namespace
 
+QAction* NewCommand(QObject& owner, const Command& command, QObject& receiver,
+                    const std::function<void()>& run) {
+    QAction* action = NewAction(owner, command);
+    QObject::connect(action, &QAction::triggered, &receiver, run, Qt::QueuedConnection);
+    return action;
+}
+
 QAction* AddCommand(QMenu& menu, const Command& command, QObject& receiver,
                     const std::function<void()>& run) {
-    QAction* action = Add(menu, command);
-    QObject::connect(action, &QAction::triggered, &receiver, run, Qt::QueuedConnection);
+    QAction* action = NewCommand(menu, command, receiver, run);
+    menu.addAction(action);
     return action;
 }
 
 QAction* AddSwitch(QMenu& menu, const Command& command, bool isOn, QObject& receiver,
                    const std::function<void(bool isOn)>& run) {
-    QAction* action = Add(menu, command);
+    QAction* action = NewAction(menu, command);
     action->setCheckable(true);
     action->setChecked(isOn);
     QObject::connect(action, &QAction::triggered, &receiver, run, Qt::QueuedConnection);
+    menu.addAction(action);
     return action;
 }
 

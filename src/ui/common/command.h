@@ -1,4 +1,4 @@
-// The one way to make an entry of a menu.
+// The one way to make a command: an entry of a menu, or a key of a window.
 #pragma once
 
 #include <QKeySequence>
@@ -15,6 +15,10 @@ struct Command {
 
 // Queued: a command may wait for a person's answer, and whoever chose it (assistive technology,
 // say) must not have to wait with it. It does not run once the receiver is gone.
+QAction* NewCommand(QObject& owner, const Command& command, QObject& receiver,
+                    const std::function<void()>& run);
+
+// The same, as the next entry of a menu.
 QAction* AddCommand(QMenu& menu, const Command& command, QObject& receiver,
                     const std::function<void()>& run);
 

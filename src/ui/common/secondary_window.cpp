@@ -1,13 +1,18 @@
 #include "ui/common/secondary_window.h"
 
+#include <QAction>
 #include <QBoxLayout>
 #include <QCheckBox>
 #include <QCloseEvent>
+#include <QMenu>
 #include <QPushButton>
 #include <QShortcut>
 #include <QWindow>
 
+#include "app/hex_input.h"
+#include "common/number_text.h"
 #include "ui/common/accessible_window.h"
+#include "ui/common/command.h"
 #include "ui/common/window_placement.h"
 
 namespace corvane::ui {
@@ -63,6 +68,24 @@ void SecondaryWindow::AddFooter(QBoxLayout& layout) {
     footer->addStretch();
     footer->addWidget(closeButton_);
     layout.addLayout(footer);
+}
+
+void SecondaryWindow::AddGoToAddress(app::Dialogs& dialogs, QMenu* contextMenu) {
+    QAction* action = NewCommand(
+        *this, {"menugotoaddress", tr("&Go to Address..."), QKeySequence(Qt::CTRL | Qt::Key_G)},
+        *this, [this, &dialogs] { AskAddress(dialogs); });
+    addAction(action);
+    if (contextMenu != nullptr) {
+        contextMenu->addAction(action);
+    }
+}
+
+void SecondaryWindow::AskAddress(app::Dialogs& dialogs) {
+    const std::optional<int> address = app::AskAddress(dialogs, workbench_->Processor().state.pc,
+                                                       workbench_->Model().programWords - 1);
+    if (address && !GoTo(*address)) {
+        dialogs.Inform("The address " + common::Hex4(*address) + " is not listed.");
+    }
 }
 
 void SecondaryWindow::closeEvent(QCloseEvent* event) {

@@ -9,6 +9,7 @@
 
 class QBoxLayout;
 class QCheckBox;
+class QMenu;
 class QPushButton;
 
 namespace corvane::ui {
@@ -25,6 +26,10 @@ class SecondaryWindow : public QWidget {
     void BringForward();
     // Draws the window anew from the current state, as soon as it can be seen.
     void Refresh() { refresh_.Request(); }
+    // Scrolls a list of the program to this address (0..8191), if the window has one.
+    virtual void BringIntoView(int /*address*/) {}
+    // The same, and selects the line. False: there is none.
+    virtual bool GoTo(int /*address*/) { return false; }
     void SetTopmost(bool topmost);
 
   protected:
@@ -41,11 +46,16 @@ class SecondaryWindow : public QWidget {
 
     // The bottom line of a viewer: "Always On Top" and "Close".
     void AddFooter(QBoxLayout& layout);
+    // "Go to Address", Ctrl+G: asks for one of the model's and calls GoTo. Also in the menu, if one
+    // is given.
+    void AddGoToAddress(app::Dialogs& dialogs, QMenu* contextMenu = nullptr);
     QPushButton* CloseButton() const { return closeButton_; }  // null without a footer
 
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    void AskAddress(app::Dialogs& dialogs);
+
     app::Window number_;
     app::Workbench* workbench_;
     RefreshWhenVisible refresh_;

@@ -4,11 +4,13 @@
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QScrollBar>
+#include <QTextBlock>
 #include <QVBoxLayout>
 #include <chrono>
 #include <utility>
 
 #include "app/source_file.h"
+#include "common/number_text.h"
 #include "common/settings_store.h"
 #include "common/text.h"
 #include "disasm/listing.h"
@@ -51,6 +53,7 @@ DisassemblerWindow::DisassemblerWindow(app::Workbench& workbench, const DialogsF
     setObjectName("DisassemblerWindow");
     setWindowTitle(tr("PIC Disassembler"));
     MakeMenus(*menuBar_);
+    AddGoToAddress(*dialogs_);
     auto* layout = new QVBoxLayout(this);
     layout->setMenuBar(menuBar_);
     layout->addWidget(viewer_);
@@ -117,6 +120,19 @@ void DisassemblerWindow::SetBusy(bool busy) {
         menu->setEnabled(!busy);
     }
     progressFrame_->setVisible(busy);
+}
+
+bool DisassemblerWindow::GoTo(int address) {
+    const QString wanted = QString::fromStdString(common::Hex4(address));
+    for (QTextBlock line = viewer_->document()->begin(); line.isValid(); line = line.next()) {
+        if (line.text().startsWith(wanted)) {
+            QTextCursor cursor(line);
+            cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+            viewer_->setTextCursor(cursor);
+            return true;
+        }
+    }
+    return false;
 }
 
 void DisassemblerWindow::ToggleOpcodes() {

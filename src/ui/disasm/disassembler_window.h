@@ -24,6 +24,9 @@ class DisassemblerWindow final : public SecondaryWindow {
     // The toolkit's printer dialog, unless another chooser is set.
     void SetPrinterChooser(PrinterChooser choosePrinter);
 
+    void BringIntoView(int address) override { GoTo(address); }
+    bool GoTo(int address) override;
+
   protected:
     // The listing does not follow program memory.
     void Draw() override {}

@@ -18,8 +18,7 @@ Desktop::Desktop(Folders folders, common::SettingsStore& store, app::Clock& cloc
       dialogs_(makeDialogs_(mainWindow_)),
       workbench_(std::move(folders.application), store, *dialogs_, *this, clock),
       menu_(*mainWindow_.menuBar(), *this),
-      mainRefresh_(*new RefreshWhenVisible(mainWindow_,
-                                           [this] { mainWindow_.ekran(workbench_.Processor()); })) {
+      mainRefresh_(*new RefreshWhenVisible(mainWindow_, [this] { DrawMain(); })) {
     sliceTimer_.setSingleShot(true);
     sliceTimer_.setTimerType(Qt::PreciseTimer);
     QObject::connect(&sliceTimer_, &QTimer::timeout, &mainWindow_,
@@ -28,6 +27,10 @@ Desktop::Desktop(Folders folders, common::SettingsStore& store, app::Clock& cloc
                      [this] { mainWindow_.gprprint(workbench_.Processor()); });
     QObject::connect(&mainWindow_, &MainWindow::SfrsScrolled, &mainWindow_,
                      [this] { mainWindow_.sfrprint(workbench_.Processor()); });
+    // Queued, because the question that is asked outlasts the click.
+    QObject::connect(
+        &mainWindow_, &MainWindow::ChangeRequested, &mainWindow_,
+        [this](const QLabel* value) { ChangeValue(*value); }, Qt::QueuedConnection);
     QObject::connect(&mainWindow_, &MainWindow::FileDropped, &mainWindow_,
                      [this](const QString& path) { OpenFile(path); });
     QObject::connect(&mainWindow_, &MainWindow::CloseRequested, &mainWindow_, [this] { Quit(); });
@@ -113,6 +116,25 @@ void Desktop::End(int exitCode) {
     QCoreApplication::exit(exitCode);
 }
 
+void Desktop::DrawMain() {
+    mainWindow_.ekran(workbench_.Processor());
+    mainWindow_.ShowStatus(workbench_.Status());
+}
+
+void Desktop::ChangeValue(const QLabel& value) {
+    if (const auto place = mainWindow_.PlaceOf(value, workbench_.Processor())) {
+        workbench_.ChangeValue(*dialogs_, *place);
+    }
+}
+
+void Desktop::BringPcIntoView() {
+    for (const app::Window window : app::kSecondaryWindows) {
+        if (SecondaryWindow* open = Find(window)) {
+            open->BringIntoView(workbench_.Processor().state.pc);
+        }
+    }
+}
+
 void Desktop::refreshpic() {
     Refresh(app::ChipViewOf(workbench_.Model().family));
 }
@@ -127,6 +149,7 @@ void Desktop::ProgramChanged() {
 
 void Desktop::CommandsChanged() {
     menu_.Show(workbench_.Commands());
+    mainWindow_.ShowStatus(workbench_.Status());
 }
 
 void Desktop::ShowWindow(app::Window window) {

@@ -55,6 +55,7 @@ class Desktop final : private app::Views {
     void drawlines() override { Refresh(app::Window::BreakpointsManager); }
     void refreshpic() override;
     void ekran() override { mainRefresh_.Request(); }
+    void BringPcIntoView() override;
     void ModelChanged() override;
     void ProgramChanged() override;
     void CommandsChanged() override;
@@ -63,6 +64,8 @@ class Desktop final : private app::Views {
     void SetTopmost(app::Window window, bool topmost) override;
     void ScheduleSlice(std::chrono::nanoseconds delay) override;
 
+    void DrawMain();
+    void ChangeValue(const QLabel& value);
     void Refresh(app::Window window) const;
     void OpenSource(app::Window window, const QString& path);
     void End(int exitCode);

@@ -1,6 +1,7 @@
 #include "ui/main/gpr_table.h"
 
 #include <QGridLayout>
+#include <algorithm>
 
 #include "common/number_text.h"
 #include "ui/common/heading.h"
@@ -64,6 +65,17 @@ void GprTable::gprprint(const core::Processor& processor, const LastStep& lastSt
             common::Hex2(processor.state.dataMemory.at(static_cast<std::size_t>(gpr.address))));
         row.value->Emphasize(lastStep.HasChanged(gpr.address));
     }
+}
+
+std::optional<app::ValuePlace> GprTable::PlaceOf(const QLabel& value,
+                                                 const core::Processor& processor) const {
+    const auto row = std::ranges::find(rows_, &value, &Row::value);
+    const std::size_t entry = FirstEntry() + static_cast<std::size_t>(row - rows_.begin());
+    if (row == rows_.end() || entry >= processor.description.gprList.size()) {
+        return std::nullopt;
+    }
+    return app::ValuePlace{.kind = app::ValueKind::Register,
+                           .index = processor.description.gprList[entry].address};
 }
 
 }  // namespace corvane::ui

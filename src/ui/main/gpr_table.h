@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "app/chip_value.h"
 #include "core/processor.h"
 #include "ui/common/data_label.h"
 #include "ui/main/last_step.h"
@@ -16,6 +17,9 @@ class GprTable : public RegisterTable {
     GprTable();
 
     void gprprint(const core::Processor& processor, const LastStep& lastStep);
+    // What this label shows, if it is a value of the table.
+    std::optional<app::ValuePlace> PlaceOf(const QLabel& value,
+                                           const core::Processor& processor) const;
 
   private:
     struct Row {

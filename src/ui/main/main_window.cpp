@@ -5,11 +5,13 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QShortcut>
+#include <QStatusBar>
 #include <QUrl>
 #include <QVBoxLayout>
 #include <array>
 
 #include "ui/common/fitting_area.h"
+#include "ui/common/value_actions.h"
 
 namespace corvane::ui {
 
@@ -17,6 +19,18 @@ namespace {
 
 QString DroppedFile(const QMimeData& data) {
     return data.urls().size() == 1 ? data.urls().constFirst().toLocalFile() : QString();
+}
+
+// Assistive technology is told of each new text of a label.
+QLabel* NewStatusLine() {
+    auto* status = new QLabel;
+    status->setObjectName("status");
+    status->setTextFormat(Qt::PlainText);
+    status->setAccessibleDescription(QObject::tr("State of the simulation"));
+    status->setToolTip(status->accessibleDescription());
+    status->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    status->setIndent(status->fontMetrics().averageCharWidth());
+    return status;
 }
 
 // Takes the keyboard focus from the scroll bars.
@@ -41,7 +55,8 @@ MainWindow::MainWindow()
       lastInstruction_(new LastInstructionPanel),
       gprs_(new GprTable),
       sfrs_(new SfrTable),
-      runPanel_(new RunPanel(focusTaker_)) {
+      runPanel_(new RunPanel(focusTaker_)),
+      status_(NewStatusLine()) {
     setObjectName("MainWindow");
     setWindowTitle("Corvane");
     setAcceptDrops(true);
@@ -64,6 +79,31 @@ MainWindow::MainWindow()
     layout->addLayout(tables, 1);
     layout->addWidget(runPanel_);
     setCentralWidget(new FittingArea(content));
+    statusBar()->addWidget(status_, 1);
+    AddValueActions();
+    focusTaker_->setFocus();
+}
+
+void MainWindow::AddValueActions() {
+    auto* actions = new ValueActions(*this, tr("Change &Value..."));
+    connect(actions, &ValueActions::ChangeRequested, this, &MainWindow::ChangeRequested);
+    for (QLabel* label : centralWidget()->findChildren<QLabel*>()) {
+        const bool isValue = qobject_cast<DataLabel*>(label) != nullptr ||
+                             qobject_cast<BitCell*>(label) != nullptr ||
+                             qobject_cast<PathLabel*>(label) != nullptr;
+        if (isValue && label->buddy() == nullptr) {
+            actions->Add(*label);
+        }
+    }
+}
+
+std::optional<app::ValuePlace> MainWindow::PlaceOf(const QLabel& value,
+                                                   const core::Processor& processor) const {
+    if (const auto place = processorPanel_->PlaceOf(value)) {
+        return place;
+    }
+    const auto gpr = gprs_->PlaceOf(value, processor);
+    return gpr ? gpr : sfrs_->PlaceOf(value, processor);
 }
 
 void MainWindow::AddScrollKeys() {
@@ -110,6 +150,13 @@ void MainWindow::ShowModel(const core::Processor& processor) {
 
 void MainWindow::ShowProgram(const std::string& path) {
     runPanel_->ShowProgram(path);
+}
+
+void MainWindow::ShowStatus(const std::string& status) {
+    const QString text = QString::fromStdString(status);
+    if (status_->text() != text) {
+        status_->setText(text);
+    }
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

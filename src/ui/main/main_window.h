@@ -27,8 +27,16 @@ class MainWindow : public QMainWindow {
     // Another model: the tables go to their first rows.
     void ShowModel(const core::Processor& processor);
     void ShowProgram(const std::string& path);
+    // What the simulation does, for the status line.
+    void ShowStatus(const std::string& status);
+
+    // What a label shows, if it is a value that can be changed.
+    std::optional<app::ValuePlace> PlaceOf(const QLabel& value,
+                                           const core::Processor& processor) const;
 
   signals:
+    // A person wants to change what this label shows.
+    void ChangeRequested(QLabel* value);
     void GprsScrolled();
     void SfrsScrolled();
     void FileDropped(const QString& path);
@@ -42,6 +50,7 @@ class MainWindow : public QMainWindow {
 
   private:
     void AddScrollKeys();
+    void AddValueActions();
 
     QWidget* focusTaker_;
     ProcessorPanel* processorPanel_;
@@ -49,6 +58,7 @@ class MainWindow : public QMainWindow {
     GprTable* gprs_;
     SfrTable* sfrs_;
     RunPanel* runPanel_;
+    QLabel* status_;
     LastStep lastStep_;
 };
 

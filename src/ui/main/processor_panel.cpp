@@ -77,4 +77,21 @@ void ProcessorPanel::Show(const core::ProcessorState& state, bool hasChangedW) {
     ShowBits(wBits_, state.w);
 }
 
+std::optional<app::ValuePlace> ProcessorPanel::PlaceOf(const QLabel& value) const {
+    if (&value == pc_ || &value == w_) {
+        return app::ValuePlace{&value == pc_ ? app::ValueKind::Pc : app::ValueKind::W};
+    }
+    for (int bit = 0; bit < kPcBits; ++bit) {
+        if (&value == pcBits_.at(static_cast<std::size_t>(bit))) {
+            return app::ValuePlace{.kind = app::ValueKind::Pc, .bit = bit};
+        }
+    }
+    for (int bit = 0; bit < kWBits; ++bit) {
+        if (&value == wBits_.at(static_cast<std::size_t>(bit))) {
+            return app::ValuePlace{.kind = app::ValueKind::W, .bit = bit};
+        }
+    }
+    return std::nullopt;
+}
+
 }  // namespace corvane::ui

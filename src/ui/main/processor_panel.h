@@ -4,6 +4,7 @@
 #include <QGroupBox>
 #include <vector>
 
+#include "app/chip_value.h"
 #include "core/processor_state.h"
 #include "ui/common/bit_cell.h"
 #include "ui/common/data_label.h"
@@ -16,6 +17,8 @@ class ProcessorPanel : public QGroupBox {
     explicit ProcessorPanel(QWidget* parent = nullptr);
 
     void Show(const core::ProcessorState& state, bool hasChangedW);
+    // What this label shows, if it is one of the panel's.
+    std::optional<app::ValuePlace> PlaceOf(const QLabel& value) const;
 
   private:
     DataLabel* pc_;

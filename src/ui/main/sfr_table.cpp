@@ -1,6 +1,7 @@
 #include "ui/main/sfr_table.h"
 
 #include <QGridLayout>
+#include <algorithm>
 
 #include "common/number_text.h"
 #include "ui/common/heading.h"
@@ -120,6 +121,24 @@ void SfrTable::ShowNothing(const Row& row) {
         cell->SetMeaning("");
         cell->ShowState(BitState::Clear);
     }
+}
+
+std::optional<app::ValuePlace> SfrTable::PlaceOf(const QLabel& value,
+                                                 const core::Processor& processor) const {
+    const std::vector<models::Sfr>& list = processor.description.sfrList;
+    std::size_t entry = FirstEntry();
+    for (const Row& row : rows_) {
+        const auto bit = std::ranges::find(row.bits, &value);
+        if (entry < list.size() && (&value == row.value || bit != row.bits.end())) {
+            app::ValuePlace place{.kind = app::ValueKind::Register, .index = list[entry].address};
+            if (bit != row.bits.end()) {
+                place.bit = static_cast<int>(bit - row.bits.begin());
+            }
+            return place;
+        }
+        ++entry;
+    }
+    return std::nullopt;
 }
 
 }  // namespace corvane::ui

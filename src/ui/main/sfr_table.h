@@ -4,6 +4,7 @@
 #include <array>
 #include <vector>
 
+#include "app/chip_value.h"
 #include "core/processor.h"
 #include "ui/common/bit_cell.h"
 #include "ui/common/data_label.h"
@@ -18,6 +19,9 @@ class SfrTable : public RegisterTable {
     SfrTable();
 
     void sfrprint(const core::Processor& processor, const LastStep& lastStep);
+    // What this label shows, if it is a value of the table.
+    std::optional<app::ValuePlace> PlaceOf(const QLabel& value,
+                                           const core::Processor& processor) const;
 
   private:
     struct Row {

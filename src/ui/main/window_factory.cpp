@@ -18,11 +18,11 @@ SecondaryWindow* MakeSecondaryWindow(app::Window window, app::Workbench& workben
                                      const std::string& recoveryFolder) {
     switch (window) {
         case app::Window::ProgramMemoryViewer:
-            return new ProgramMemoryViewer(workbench);
+            return new ProgramMemoryViewer(workbench, makeDialogs);
         case app::Window::EepromMemoryViewer:
-            return new EepromMemoryViewer(workbench);
+            return new EepromMemoryViewer(workbench, makeDialogs);
         case app::Window::HardwareStackViewer:
-            return new HardwareStackViewer(workbench);
+            return new HardwareStackViewer(workbench, makeDialogs);
         case app::Window::Disassembler:
             return new DisassemblerWindow(workbench, makeDialogs);
         case app::Window::BreakpointsManager:

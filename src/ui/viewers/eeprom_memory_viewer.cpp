@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <algorithm>
 
 #include "app/memory_texts.h"
 #include "ui/common/data_font.h"
@@ -15,8 +16,9 @@ constexpr int kBytesPerRow = 16;
 
 }  // namespace
 
-EepromMemoryViewer::EepromMemoryViewer(app::Workbench& workbench)
+EepromMemoryViewer::EepromMemoryViewer(app::Workbench& workbench, const DialogsFactory& makeDialogs)
     : SecondaryWindow(app::Window::EepromMemoryViewer, workbench),
+      dialogs_(makeDialogs(*this)),
       text_(new MemoryText(kBytesPerRow * 3, workbench.Model().eepromBytes / kBytesPerRow)) {
     setObjectName("EepromMemoryViewer");
     setWindowTitle(tr("EEPROM Memory Viewer"));
@@ -46,9 +48,22 @@ EepromMemoryViewer::EepromMemoryViewer(app::Workbench& workbench)
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addLayout(grid);
     AddFooter(*layout);
-    text_->setFocusProxy(CloseButton());
+    text_->Serve(*this, *CloseButton());
+    text_->OfferChange();
+    // Queued, because the question that is asked outlasts the click.
+    connect(text_, &MemoryText::FieldChosen, this, &EepromMemoryViewer::ChangeByte,
+            Qt::QueuedConnection);
     rowHeading->setFocusProxy(CloseButton());
     CloseButton()->setFocus();
+}
+
+EepromMemoryViewer::~EepromMemoryViewer() = default;
+
+void EepromMemoryViewer::ChangeByte(int line, int column) {
+    constexpr int kFieldWidth = 3;  // two digits and a blank, the highest address first
+    const int field = std::min(column / kFieldWidth, kBytesPerRow - 1);
+    const int address = line * kBytesPerRow + kBytesPerRow - 1 - field;
+    Workbench().ChangeValue(*dialogs_, {.kind = app::ValueKind::Eeprom, .index = address});
 }
 
 void EepromMemoryViewer::eepromprint() {

@@ -1,6 +1,7 @@
 // The data EEPROM, sixteen bytes a line, the highest address first.
 #pragma once
 
+#include "ui/common/dialogs_factory.h"
 #include "ui/common/secondary_window.h"
 #include "ui/viewers/memory_text.h"
 
@@ -9,14 +10,17 @@ namespace corvane::ui {
 class EepromMemoryViewer final : public SecondaryWindow {
     Q_OBJECT
   public:
-    explicit EepromMemoryViewer(app::Workbench& workbench);
+    EepromMemoryViewer(app::Workbench& workbench, const DialogsFactory& makeDialogs);
+    ~EepromMemoryViewer() override;
 
   protected:
     void Draw() override { eepromprint(); }
 
   private:
     void eepromprint();
+    void ChangeByte(int line, int column);
 
+    std::unique_ptr<app::Dialogs> dialogs_;
     MemoryText* text_;
     StepWatch watch_;
 };

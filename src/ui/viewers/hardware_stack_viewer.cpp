@@ -14,8 +14,10 @@ constexpr int kColumns = 31;  // "Level 1:  0005h   0000000000101"
 
 }  // namespace
 
-HardwareStackViewer::HardwareStackViewer(app::Workbench& workbench)
+HardwareStackViewer::HardwareStackViewer(app::Workbench& workbench,
+                                         const DialogsFactory& makeDialogs)
     : SecondaryWindow(app::Window::HardwareStackViewer, workbench),
+      dialogs_(makeDialogs(*this)),
       stackPointer_(new DataLabel(8)),
       text_(new MemoryText(kColumns, core::kStackLevels)) {
     setObjectName("HardwareStackViewer");
@@ -38,9 +40,20 @@ HardwareStackViewer::HardwareStackViewer(app::Workbench& workbench)
         new MemoryHeading(tr(" Stack Level       Hex Value     Binary Value"), {0, 10, 18}));
     layout->addWidget(text_);
     AddFooter(*layout);
-    text_->setFocusProxy(CloseButton());
+    text_->Serve(*this, *CloseButton());
+    text_->OfferChange();
+    // Queued, because the question that is asked outlasts the click.
+    connect(
+        text_, &MemoryText::FieldChosen, this,
+        [this](int line) {
+            Workbench().ChangeValue(*dialogs_,
+                                    {.kind = app::ValueKind::StackLevel, .index = line + 1});
+        },
+        Qt::QueuedConnection);
     CloseButton()->setFocus();
 }
+
+HardwareStackViewer::~HardwareStackViewer() = default;
 
 void HardwareStackViewer::stekprint() {
     const core::ProcessorState& state = Workbench().Processor().state;

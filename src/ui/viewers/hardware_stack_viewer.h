@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ui/common/data_label.h"
+#include "ui/common/dialogs_factory.h"
 #include "ui/common/secondary_window.h"
 #include "ui/viewers/memory_text.h"
 
@@ -10,7 +11,8 @@ namespace corvane::ui {
 class HardwareStackViewer final : public SecondaryWindow {
     Q_OBJECT
   public:
-    explicit HardwareStackViewer(app::Workbench& workbench);
+    HardwareStackViewer(app::Workbench& workbench, const DialogsFactory& makeDialogs);
+    ~HardwareStackViewer() override;
 
   protected:
     void Draw() override { stekprint(); }
@@ -18,6 +20,7 @@ class HardwareStackViewer final : public SecondaryWindow {
   private:
     void stekprint();
 
+    std::unique_ptr<app::Dialogs> dialogs_;
     DataLabel* stackPointer_;
     MemoryText* text_;
     StepWatch watch_;

@@ -1,9 +1,11 @@
 #include "ui/viewers/memory_text.h"
 
 #include <QPainter>
+#include <QShortcut>
 #include <QStyle>
 #include <QTextBlock>
 
+#include "ui/common/command.h"
 #include "ui/common/data_font.h"
 #include "ui/common/heading.h"
 
@@ -39,10 +41,15 @@ void SetFormats(QTextDocument& document, const QTextBlock& block, const Formats&
 
 }  // namespace
 
-MemoryText::MemoryText(int columns, int lines) {
+MemoryText::MemoryText(int columns, int lines) : contextMenu_(new QMenu(this)) {
     setFont(DataFont());
     setReadOnly(true);
-    setTextInteractionFlags(Qt::NoTextInteraction);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setFocusPolicy(Qt::TabFocus);
+    setTabChangesFocus(true);
+    AddCommand(*contextMenu_, {"memorycopy", tr("&Copy") + "\tCtrl+C"}, *this, [this] { copy(); });
+    AddCommand(*contextMenu_, {"memoryselectall", tr("Select &All") + "\tCtrl+A"}, *this,
+               [this] { selectAll(); });
     setUndoRedoEnabled(false);
     setLineWrapMode(NoWrap);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -59,6 +66,18 @@ void MemoryText::ShowText(const std::string& text, SinceLastDraw since) {
         setPlainText(lines.join(QLatin1Char('\n')));
         return;
     }
+    QTextCursor selection = textCursor();
+    const int anchor = selection.anchor();
+    const int position = selection.position();
+    ShowLines(lines, since);
+    if (textCursor().anchor() != anchor || textCursor().position() != position) {
+        selection.setPosition(anchor);
+        selection.setPosition(position, QTextCursor::KeepAnchor);
+        setTextCursor(selection);
+    }
+}
+
+void MemoryText::ShowLines(const QStringList& lines, SinceLastDraw since) {
     QTextBlock block = document()->firstBlock();
     for (const QString& line : lines) {
         const QString before = block.text();
@@ -73,6 +92,55 @@ void MemoryText::ShowText(const std::string& text, SinceLastDraw since) {
         }
         block = block.next();
     }
+}
+
+void MemoryText::SelectLine(int line) {
+    QTextCursor cursor(document()->findBlockByNumber(line));
+    cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+}
+
+void MemoryText::Serve(QWidget& window, QWidget& button) {
+    focusTaker_ = &button;
+    const auto* copyKey = new QShortcut(QKeySequence::Copy, &window);
+    connect(copyKey, &QShortcut::activated, this, &QPlainTextEdit::copy);
+}
+
+void MemoryText::OfferChange() {
+    AddCommand(*contextMenu_, {"memorychange", tr("Change &Value...") + "\tF2"}, *this,
+               [this] { Choose(textCursor()); });
+}
+
+void MemoryText::Choose(const QTextCursor& place) {
+    emit FieldChosen(place.blockNumber(), place.positionInBlock());
+}
+
+void MemoryText::mousePressEvent(QMouseEvent* event) {
+    QPlainTextEdit::mousePressEvent(event);
+    if (focusTaker_ != nullptr) {
+        focusTaker_->setFocus(Qt::MouseFocusReason);
+    }
+}
+
+void MemoryText::mouseDoubleClickEvent(QMouseEvent* event) {
+    QPlainTextEdit::mouseDoubleClickEvent(event);
+    Choose(cursorForPosition(event->pos()));
+}
+
+void MemoryText::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F2 || event->key() == Qt::Key_Return ||
+        event->key() == Qt::Key_Enter) {
+        Choose(textCursor());
+    } else {
+        QPlainTextEdit::keyPressEvent(event);
+    }
+}
+
+void MemoryText::contextMenuEvent(QContextMenuEvent* event) {
+    if (!textCursor().hasSelection()) {
+        setTextCursor(cursorForPosition(event->pos()));
+    }
+    contextMenu_->popup(event->globalPos());
 }
 
 MemoryHeading::MemoryHeading(const QString& text, std::initializer_list<int> columns)

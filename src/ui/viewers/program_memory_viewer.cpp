@@ -19,8 +19,10 @@ constexpr int kColumns = 30;  // "0005h   2805h   10100000000101"
 
 }  // namespace
 
-ProgramMemoryViewer::ProgramMemoryViewer(app::Workbench& workbench)
+ProgramMemoryViewer::ProgramMemoryViewer(app::Workbench& workbench,
+                                         const DialogsFactory& makeDialogs)
     : SecondaryWindow(app::Window::ProgramMemoryViewer, workbench),
+      dialogs_(makeDialogs(*this)),
       text_(new MemoryText(kColumns, app::kProgramMemoryRows)),
       scrollBar_(new QScrollBar(Qt::Vertical)) {
     setObjectName("ProgramMemoryViewer");
@@ -42,11 +44,14 @@ ProgramMemoryViewer::ProgramMemoryViewer(app::Workbench& workbench)
         new MemoryHeading(tr(" Address        Hex Value     Binary Value"), {0, 8, 16}));
     layout->addLayout(memory);
     AddFooter(*layout);
-    text_->setFocusProxy(CloseButton());
+    text_->Serve(*this, *CloseButton());
     scrollBar_->setFocusProxy(CloseButton());
     CloseButton()->setFocus();
     AddScrollKeys();
+    AddGoToAddress(*dialogs_, &text_->ContextMenu());
 }
+
+ProgramMemoryViewer::~ProgramMemoryViewer() = default;
 
 void ProgramMemoryViewer::AddScrollKeys() {
     struct Key {
@@ -66,6 +71,19 @@ void ProgramMemoryViewer::AddScrollKeys() {
         connect(shortcut, &QShortcut::activated, scrollBar_,
                 [this, action = key.action] { scrollBar_->triggerAction(action); });
     }
+}
+
+void ProgramMemoryViewer::BringIntoView(int address) {
+    const int first = scrollBar_->value() - 1;
+    if (address < first || address >= first + app::kProgramMemoryRows) {
+        scrollBar_->setValue(address + 1);
+    }
+}
+
+bool ProgramMemoryViewer::GoTo(int address) {
+    BringIntoView(address);
+    text_->SelectLine(address - (scrollBar_->value() - 1));
+    return true;
 }
 
 void ProgramMemoryViewer::memorijaprint() {

@@ -1,6 +1,7 @@
 // Sixteen words of program memory at a time.
 #pragma once
 
+#include "ui/common/dialogs_factory.h"
 #include "ui/common/secondary_window.h"
 #include "ui/viewers/memory_text.h"
 
@@ -11,7 +12,11 @@ namespace corvane::ui {
 class ProgramMemoryViewer final : public SecondaryWindow {
     Q_OBJECT
   public:
-    explicit ProgramMemoryViewer(app::Workbench& workbench);
+    ProgramMemoryViewer(app::Workbench& workbench, const DialogsFactory& makeDialogs);
+    ~ProgramMemoryViewer() override;
+
+    void BringIntoView(int address) override;
+    bool GoTo(int address) override;
 
   protected:
     void Draw() override { memorijaprint(); }
@@ -21,6 +26,7 @@ class ProgramMemoryViewer final : public SecondaryWindow {
     void memorijaprint();
     void AddScrollKeys();
 
+    std::unique_ptr<app::Dialogs> dialogs_;
     MemoryText* text_;
     QScrollBar* scrollBar_;
 };
