@@ -103,12 +103,15 @@ class InterruptRun {
     std::deque<std::uint32_t> open_;
 };
 
-// RP0, RP1 and PCLATH are known bits: they are lost only where they are known to differ.
+// RP0, RP1 and PCLATH are known bits: they are lost only where they are known to differ. W may by
+// chance be the same.
 bool Differs(Resources resource, const ChipState& main, const ChipState& ending) {
     const auto differs = [](KnownByte a, KnownByte b, int bits) {
         return ((a.value ^ b.value) & a.known & b.known & bits) != 0;
     };
     switch (resource) {
+        case kWorking:
+            return !(main.w.IsComplete() && main.w == ending.w);
         case kRp0:
             return differs(main.bank, ending.bank, 1 << kBankBit);
         case kRp1:

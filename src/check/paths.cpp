@@ -15,9 +15,10 @@ namespace {
 using isa::Operation;
 
 constexpr int kInterruptVector = 4;
-constexpr int kSetGieWord = 0x178B;  // BSF INTCON,GIE
-constexpr int kLongestRow = 256;     // words that a jump by an 8-bit number can reach
-constexpr std::size_t kMostPlaces = 1'000'000;
+constexpr int kSetGieWord = 0x178B;           // BSF INTCON,GIE
+constexpr int kLongestRow = 256;              // words that a jump by an 8-bit number can reach
+constexpr std::size_t kManyPlaces = 100'000;  // from here on W and PCLATH's low bits are given up
+constexpr std::size_t kMostPlaces = 250'000;
 constexpr int kMostVariants = 8;  // states that differ in W and PCLATH's low bits alone
 constexpr std::size_t kMostInterrupts = 8;
 
@@ -61,15 +62,15 @@ using PlaceMap = std::unordered_map<PlaceKey, Value, PlaceHash>;
 // unknown there, and then PCLATH's low bits, which only jumps into tables need.
 class Variants {
   public:
-    ChipState Narrowed(std::uint32_t routine, int address, ChipState state) {
+    ChipState Narrowed(std::uint32_t routine, int address, ChipState state, bool areMany) {
         ChipState common = state;
         common.w = {};
         common.pclath = Bits(state.pclath, kPageBits);
         int& count = counts_[KeyOf(routine, address, common)];
-        if (count >= kMostVariants) {
+        if (areMany || count >= kMostVariants) {
             state.w = {};
         }
-        if (count >= 2 * kMostVariants) {
+        if (areMany || count >= 2 * kMostVariants) {
             state.pclath = common.pclath;
         }
         ++count;
@@ -117,6 +118,8 @@ class Explorer {
             Follow(static_cast<std::uint32_t>(followed_));
         }
     }
+
+    bool AreMany() const { return paths_.places.size() > kManyPlaces; }
 
     void Follow(std::uint32_t place) {
         const int address = paths_.places[place].address;
@@ -172,7 +175,7 @@ class Explorer {
         if (const auto known = placeOf_.find(exact); known != placeOf_.end()) {
             return known->second;
         }
-        const ChipState state = variants_.Narrowed(routine, address, exactState);
+        const ChipState state = variants_.Narrowed(routine, address, exactState, AreMany());
         const auto index = static_cast<std::uint32_t>(paths_.places.size());
         const auto [found, isNew] = placeOf_.emplace(KeyOf(routine, address, state), index);
         if (isNew) {
@@ -222,7 +225,7 @@ class Explorer {
     ChipState RoutineState(int address, const ChipState& state) {
         return routineOf_.contains(KeyOf(0, address, state))
                    ? state
-                   : routineVariants_.Narrowed(0, address, state);
+                   : routineVariants_.Narrowed(0, address, state, AreMany());
     }
 
     void Return(std::uint32_t place, const ChipState& exactState) {
@@ -234,7 +237,7 @@ class Explorer {
         if (isKnown(exactState)) {
             return;
         }
-        const ChipState state = resultVariants_.Narrowed(routine, 0, exactState);
+        const ChipState state = resultVariants_.Narrowed(routine, 0, exactState, AreMany());
         if (isKnown(state)) {
             return;
         }

@@ -31,9 +31,13 @@ std::string TurnText(const Subject& subject, const Place& from, const Place& to)
             return "returns to " + target;
         case isa::Operation::Goto:
             return "goes to " + target;
+        case isa::Operation::Btfsc:
+        case isa::Operation::Btfss:
+        case isa::Operation::Decfsz:
+        case isa::Operation::Incfsz:
+            return "skips the next instruction";
         default:
-            return to.address == from.address + 2 ? "skips the next instruction"
-                                                  : "jumps to " + target;
+            return "jumps to " + target;
     }
 }
 

@@ -18,31 +18,43 @@ namespace {
 using project::SourcedProgram;
 using ReadResult = common::Result<SourcedProgram>;
 
-ReadResult FromSource(const std::string& file, FileKind kind, const ModelFile& modelFile,
-                      float clockFrequency) {
-    common::Result<std::string> text = ReadSource(file);
-    std::string assemblerFile = file;
-    if (text && kind == FileKind::Basic) {
-        common::Result<basic::Compilation> compilation =
-            CompileText(file, *text, modelFile, clockFrequency);
-        if (!compilation) {
-            return ReadResult::Failure(std::move(compilation.error));
-        }
-        *text = std::move(compilation->assembler);
-        assemblerFile = NameBeside(file, ".asm");
-    }
-    if (!text) {
-        return ReadResult::Failure(text.error);
+// Errors of compiled text are found where the compiler would have written it.
+ReadResult FromBasic(const std::string& file, const std::string& text, const ModelFile& modelFile,
+                     float clockFrequency) {
+    const auto compilation = CompileText(file, text, modelFile, clockFrequency);
+    if (!compilation) {
+        return ReadResult::Failure(compilation.error);
     }
     const models::Model& model = *modelFile.model;
-    const assembler::Assembly assembly =
-        AssembleText(assemblerFile, *text, modelFile, model.defaultConfigurationWord);
+    const std::string assemblerFile = NameBeside(file, ".asm");
+    const assembler::Assembly assembly = AssembleText(assemblerFile, compilation->assembler,
+                                                      modelFile, model.defaultConfigurationWord);
     if (assembly.errorCount > 0) {
         return ReadResult::Failure(AssemblyErrors(assemblerFile, assembly));
     }
-    return ReadResult::Success(
-        kind == FileKind::Basic ? project::FromCompiledAssembly(assembly, model.programWords)
-                                : project::FromAssembly(assembly, *text, file, model.programWords));
+    return ReadResult::Success(project::FromCompiledAssembly(assembly, compilation->sourceLines,
+                                                             text, file, model.programWords));
+}
+
+ReadResult FromAssembler(const std::string& file, const std::string& text,
+                         const ModelFile& modelFile) {
+    const models::Model& model = *modelFile.model;
+    const assembler::Assembly assembly =
+        AssembleText(file, text, modelFile, model.defaultConfigurationWord);
+    if (assembly.errorCount > 0) {
+        return ReadResult::Failure(AssemblyErrors(file, assembly));
+    }
+    return ReadResult::Success(project::FromAssembly(assembly, text, file, model.programWords));
+}
+
+ReadResult FromSource(const std::string& file, FileKind kind, const ModelFile& modelFile,
+                      float clockFrequency) {
+    const common::Result<std::string> text = ReadSource(file);
+    if (!text) {
+        return ReadResult::Failure(text.error);
+    }
+    return kind == FileKind::Basic ? FromBasic(file, *text, modelFile, clockFrequency)
+                                   : FromAssembler(file, *text, modelFile);
 }
 
 std::optional<SourcedProgram> FromCodBeside(const fs::path& path, const SourcedProgram& words) {
@@ -72,7 +84,8 @@ std::optional<SourcedProgram> FromSourceBeside(const fs::path& path, const Sourc
         return std::nullopt;
     }
     return build->compilation
-               ? project::FromCompiledAssembly(build->assembly, programWords)
+               ? project::FromCompiledAssembly(build->assembly, build->compilation->sourceLines,
+                                               build->text, path.string(), programWords)
                : project::FromAssembly(build->assembly, build->text, path.string(), programWords);
 }
 

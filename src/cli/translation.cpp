@@ -98,11 +98,11 @@ std::optional<QuietBuild> BuildQuietly(const std::string& file, const ModelFile&
         if (!compilation) {
             return std::nullopt;
         }
-        build.text = compilation->assembler;
         build.compilation = *std::move(compilation.value);
     }
     build.assembly =
-        assembler::Assemble(build.text, models::ReadSymbolLines(description.asmSymbolLines).symbols,
+        assembler::Assemble(build.compilation ? build.compilation->assembler : build.text,
+                            models::ReadSymbolLines(description.asmSymbolLines).symbols,
                             model.defaultConfigurationWord);
     auto image = loader::ReadIntelHex(build.assembly.hex, model.programWords);
     if (build.assembly.errorCount > 0 || !image) {

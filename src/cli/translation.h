@@ -28,7 +28,7 @@ common::Result<basic::Compilation> CompileText(const std::string& file, std::str
 
 // A source built without a word.
 struct QuietBuild {
-    std::string text;  // that was assembled
+    std::string text;  // as the file has it
     std::optional<basic::Compilation> compilation{};
     assembler::Assembly assembly{};
     loader::Program image{};

@@ -54,7 +54,8 @@ std::string SourceArgument(const fs::path& source) {
 }
 
 bool IsNumber(std::string_view text) {
-    return !text.empty() &&
+    constexpr std::size_t kMostDigits = 9;
+    return !text.empty() && text.size() <= kMostDigits &&
            std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
 }
 

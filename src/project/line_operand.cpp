@@ -103,6 +103,9 @@ std::optional<LineOperand> ReadLineOperand(std::string_view line, int word, int 
     if (isHere) {
         offsetText.remove_prefix(1);
     }
+    if (name.empty() && !isHere) {
+        return std::nullopt;
+    }
     const std::optional<int> base = isHere ? std::optional(address) : lookUp(name);
     const std::optional<int> offset = ReadOffset(offsetText);
     if (!base || !offset) {

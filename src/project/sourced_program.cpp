@@ -109,11 +109,19 @@ SourcedProgram FromAssembly(const assembler::Assembly& assembly, std::string_vie
     return result;
 }
 
-SourcedProgram FromCompiledAssembly(const assembler::Assembly& assembly, int programWords) {
+SourcedProgram FromCompiledAssembly(const assembler::Assembly& assembly,
+                                    const std::vector<int>& sourceLines, std::string_view text,
+                                    const std::string& file, int programWords) {
     SourcedProgram result = EmptyProgram(programWords);
+    const std::vector<std::string_view> texts = common::SplitLines(text);
     ForEachWord(assembly, programWords,
-                [&](const assembler::AsmLine& line, std::size_t, std::size_t address) {
+                [&](const assembler::AsmLine& line, std::size_t index, std::size_t address) {
                     AddWord(line, address, NamesLabel(*line.opcode), result.program);
+                    const int number = index < sourceLines.size() ? sourceLines[index] : 0;
+                    if (number > 0 && std::cmp_less_equal(number, texts.size())) {
+                        result.lines[address] = {
+                            file, number, std::string(texts[static_cast<std::size_t>(number - 1)])};
+                    }
                 });
     return result;
 }

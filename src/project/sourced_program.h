@@ -33,9 +33,12 @@ SourcedProgram FromImage(const loader::Program& image);
 SourcedProgram FromAssembly(const assembler::Assembly& assembly, std::string_view text,
                             const std::string& file, int programWords);
 
-// The compiler's text. It selects its banks itself and names addresses by numbers, so that only its
-// labels say what is meant. Its words have no lines.
-SourcedProgram FromCompiledAssembly(const assembler::Assembly& assembly, int programWords);
+// The assembly of a BASIC text, and the BASIC line of each of its lines (basic::Compilation). The
+// compiler selects its banks itself and names addresses by numbers, so that only its labels say
+// what is meant.
+SourcedProgram FromCompiledAssembly(const assembler::Assembly& assembly,
+                                    const std::vector<int>& sourceLines, std::string_view text,
+                                    const std::string& file, int programWords);
 
 // The source files are looked for in the folder; shownName says how messages name one of them.
 SourcedProgram FromCod(const CodFile& cod, const std::filesystem::path& folder, int programWords,
