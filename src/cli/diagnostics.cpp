@@ -2,23 +2,15 @@
 
 #include <cstdio>
 
+#include "common/diagnostic.h"
+
 namespace corvane::cli {
 
-namespace {
-
-std::string Located(std::string_view file, int lineNumber, std::string_view kind,
-                    std::string_view message) {
-    std::string text(file);
-    if (lineNumber > 0) {
-        text += ':' + std::to_string(lineNumber);
-    }
-    return text.append(kind).append(message);
-}
-
-}  // namespace
-
 std::string ErrorText(std::string_view file, int lineNumber, std::string_view message) {
-    return Located(file, lineNumber, ": error: ", message);
+    return common::TextWithFile({.file = std::string(file),
+                                 .line = lineNumber,
+                                 .severity = common::Severity::Error,
+                                 .text = std::string(message)});
 }
 
 std::string ErrorText(std::string_view file, std::string_view message) {
@@ -26,11 +18,17 @@ std::string ErrorText(std::string_view file, std::string_view message) {
 }
 
 std::string NoteText(std::string_view file, int lineNumber, std::string_view message) {
-    return Located(file, lineNumber, ": note: ", message);
+    return common::TextWithFile({.file = std::string(file),
+                                 .line = lineNumber,
+                                 .severity = common::Severity::Note,
+                                 .text = std::string(message)});
 }
 
 std::string WarningText(std::string_view file, int lineNumber, std::string_view message) {
-    return Located(file, lineNumber, ": warning: ", message);
+    return common::TextWithFile({.file = std::string(file),
+                                 .line = lineNumber,
+                                 .severity = common::Severity::Warning,
+                                 .text = std::string(message)});
 }
 
 void ReportWarning(std::string_view file, int lineNumber, std::string_view message) {

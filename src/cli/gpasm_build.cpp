@@ -20,18 +20,6 @@ std::string ProcessorName(const std::string& modelName) {
     return name.starts_with("pic") ? name.substr(3) : name;
 }
 
-std::string MessageText(const common::Diagnostic& message) {
-    switch (message.severity) {
-        case common::Severity::Error:
-            return ErrorText(message.file, message.line, message.text);
-        case common::Severity::Note:
-            return NoteText(message.file, message.line, message.text);
-        case common::Severity::Warning:
-            break;
-    }
-    return WarningText(message.file, message.line, message.text);
-}
-
 BuildResult Failure(CommandResult result, std::string listing = "") {
     return BuildResult::Failure({std::move(result), std::move(listing)});
 }
@@ -68,7 +56,7 @@ BuildResult BuildWithGpasm(const std::string& source, const ModelOptions& model,
                                                     .extra = assembler.passedOn,
                                                     .isCancelled = [] { return IsInterrupted(); }});
     for (const common::Diagnostic& message : files.messages) {
-        WriteStandardError(MessageText(message));
+        WriteStandardError(common::TextWithFile(message));
     }
     if (files.isCancelled) {
         return Failure({Ending::Interrupted, ""});

@@ -1,31 +1,14 @@
 #include "cli/translation.h"
 
-#include <algorithm>
-
 #include "basic/compiler.h"
 #include "basic/editor_form.h"
 #include "cli/diagnostics.h"
 #include "cli/source_file.h"
-#include "common/text.h"
 #include "common/text_file.h"
 #include "models/symbol_lines.h"
+#include "project/gpasm.h"
 
 namespace corvane::cli {
-
-namespace {
-
-// A directive that sources for gpasm begin with.
-bool IsOfGpasm(const assembler::AsmLine& line) {
-    const std::string text = common::ToUpper(line.source.substr(0, line.source.find(';')));
-    const std::size_t begin = text.find_first_not_of(" \t");
-    const std::string word = begin == std::string::npos
-                                 ? ""
-                                 : text.substr(begin, text.find_first_of(" \t", begin) - begin);
-    return word == "LIST" || word == "PROCESSOR" || word == "INCLUDE" ||
-           word.starts_with("#INCLUDE");
-}
-
-}  // namespace
 
 assembler::Assembly AssembleText(const std::string& file, std::string_view text,
                                  const ModelFile& modelFile, int configurationWord) {
@@ -57,7 +40,7 @@ std::string AssemblyErrors(const std::string& file, const assembler::Assembly& a
         }
     }
     errors += std::to_string(lineCount) + (lineCount == 1 ? " error" : " errors");
-    if (std::any_of(assembly.lines.begin(), assembly.lines.end(), IsOfGpasm)) {
+    if (project::IsWrittenForGpasm(assembly)) {
         errors +=
             "\n" + NoteText(file, 0, "this source is written for gpasm; use --assembler gpasm.");
     }

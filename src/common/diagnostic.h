@@ -18,4 +18,8 @@ struct Diagnostic {
 // "Error in line 3: Syntax error.", or "Warning in line 3: .."
 std::string TextWithLine(const Diagnostic& diagnostic);
 
+// "FILE:LINE: warning: TEXT", the form that editors and CI systems parse; without the line when it
+// is 0.
+std::string TextWithFile(const Diagnostic& diagnostic);
+
 }  // namespace corvane::common

@@ -141,6 +141,17 @@ void ReadResults(const fs::path& hexFile, const ProcessResult& process, std::str
     }
 }
 
+// A directive that sources for gpasm begin with.
+bool IsOfGpasm(const assembler::AsmLine& line) {
+    const std::string text = common::ToUpper(line.source.substr(0, line.source.find(';')));
+    const std::size_t begin = text.find_first_not_of(" \t");
+    const std::string word = begin == std::string::npos
+                                 ? ""
+                                 : text.substr(begin, text.find_first_of(" \t", begin) - begin);
+    return word == "LIST" || word == "PROCESSOR" || word == "INCLUDE" ||
+           word.starts_with("#INCLUDE");
+}
+
 }  // namespace
 
 std::vector<common::Diagnostic> ReadGpasmMessages(std::string_view printed,
@@ -187,6 +198,10 @@ GpasmResult RunGpasm(const GpasmOptions& options) {
         ReadResults(hexFile, process, printed, result);
     }
     return result;
+}
+
+bool IsWrittenForGpasm(const assembler::Assembly& assembly) {
+    return std::any_of(assembly.lines.begin(), assembly.lines.end(), IsOfGpasm);
 }
 
 }  // namespace corvane::project

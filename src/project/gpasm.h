@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "asm/assembler.h"
 #include "common/diagnostic.h"
 #include "project/cod_file.h"
 
@@ -36,5 +37,8 @@ GpasmResult RunGpasm(const GpasmOptions& options);
 // person gave it.
 std::vector<common::Diagnostic> ReadGpasmMessages(std::string_view printed,
                                                   const std::string& source);
+
+// Whether an assembly's source has lines of gpasm's dialect: LIST, PROCESSOR, INCLUDE, #INCLUDE.
+bool IsWrittenForGpasm(const assembler::Assembly& assembly);
 
 }  // namespace corvane::project
