@@ -63,6 +63,10 @@ std::string VoltsText(int hundredths) {
     return digits.substr(0, 1) + "." + digits.substr(1) + "V";
 }
 
+AnalogUnit AnalogUnitOf(const models::FamilyTraits& traits) {
+    return HasConverter(traits) ? AnalogUnit{0, ""} : AnalogUnit{2, "V"};
+}
+
 std::string AnalogValueText(const models::FamilyTraits& traits, int value) {
     return HasConverter(traits) ? std::to_string(value) : VoltsText(value);
 }

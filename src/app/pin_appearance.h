@@ -27,6 +27,13 @@ PinAppearance AppearanceOf(const core::Processor& processor, core::Pin pin);
 // Hundredths of a volt, 0..500: "2.50V".
 std::string VoltsText(int hundredths);
 
+// How the values of a family's analog inputs are written: 10^-decimals of the unit each.
+struct AnalogUnit {
+    int decimals = 0;
+    const char* suffix = "";
+};
+AnalogUnit AnalogUnitOf(const models::FamilyTraits& traits);
+
 // The value of an analog input as its family shows it: "512" or "2.50V".
 std::string AnalogValueText(const models::FamilyTraits& traits, int value);
 

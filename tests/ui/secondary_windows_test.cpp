@@ -1,9 +1,12 @@
 #include <QCheckBox>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextBrowser>
+#include <algorithm>
 
 #include "ui/common/window_placement.h"
 #include "ui/desktop_fixture.h"
@@ -105,6 +108,38 @@ TEST_F(SecondaryWindowsTest, TheMainWindowTakesTheOthersAlong) {
         EXPECT_TRUE(store.values.contains(window + std::string(" Top"))) << window;
     }
     EXPECT_EQ(desktop->Find(Window::EepromMemoryViewer), nullptr);
+}
+
+TEST_F(SecondaryWindowsTest, AHelpTextIsSearchedRoundItsEnds) {
+    Start();
+    desktop->OpenText(TextWindow::HelpTopics);
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto isHelp = [](const QWidget* window) { return window->objectName() == "HelpWindow"; };
+    const auto opened = std::ranges::find_if(windows, isHelp);
+    ASSERT_NE(opened, windows.end());
+    QWidget& help = **opened;
+    QApplication::setActiveWindow(&help);
+    auto& text = *Child<QTextBrowser>(help, "helpText");
+    auto& words = *Child<QLineEdit>(help, "findText");
+    QTest::keyClick(&text, Qt::Key_F, Qt::ControlModifier);
+    EXPECT_EQ(help.focusWidget(), &words);
+    QTest::keyClicks(&words, "EEPROM");
+    const auto found = [&](Qt::Key key, Qt::KeyboardModifiers modifiers) {
+        QTest::keyClick(&words, key, modifiers);
+        EXPECT_EQ(text.textCursor().selectedText().toLower(), "eeprom");
+        return text.textCursor().position();
+    };
+    const int first = found(Qt::Key_Return, Qt::NoModifier);
+    const int second = found(Qt::Key_F3, Qt::NoModifier);
+    EXPECT_LT(first, second);
+    EXPECT_EQ(found(Qt::Key_Return, Qt::ShiftModifier), first);
+    EXPECT_GT(found(Qt::Key_F3, Qt::ShiftModifier), second) << "from the end";
+    EXPECT_EQ(TextOf(help, "findMessage"), "");
+    words.setText("xyzzy");
+    QTest::keyClick(&words, Qt::Key_Return);
+    EXPECT_EQ(TextOf(help, "findMessage"), "Not found");
+    QTest::keyClick(&words, Qt::Key_Escape);
+    EXPECT_FALSE(help.isVisible());
 }
 
 TEST_F(SecondaryWindowsTest, HiddenWindowsDrawWhenTheyAppear) {

@@ -1,13 +1,14 @@
 #include "ui/chipview/analog_panel.h"
 
+#include <QDoubleSpinBox>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QSlider>
+#include <cmath>
 #include <utility>
 
-#include "app/pin_appearance.h"
 #include "ui/common/data_label.h"
 
 namespace corvane::ui {
@@ -29,9 +30,11 @@ DataLabel* MakeValueLabel(const char* name, const QString& meaning) {
 
 AnalogPanel::AnalogPanel(models::ModelFamily family)
     : family_(family),
+      unit_(app::AnalogUnitOf(models::TraitsOf(family))),
       channelLabel_(MakeValueLabel("labela1", tr("Analog input"))),
       valueLabel_(MakeValueLabel("labela2", tr("New value of the analog input"))),
-      slider_(new QSlider(Qt::Vertical)) {
+      slider_(new QSlider(Qt::Vertical)),
+      typed_(new QDoubleSpinBox) {
     setObjectName("Frame1");
     setFrameShape(QFrame::StyledPanel);
     setAutoFillBackground(true);
@@ -39,14 +42,8 @@ AnalogPanel::AnalogPanel(models::ModelFamily family)
     policy.setRetainSizeWhenHidden(true);  // the package is drawn around it
     setSizePolicy(policy);
     setAccessibleName(tr("Change analog value"));
-
-    const int fullScale = models::TraitsOf(family).analogFullScale;
-    slider_->setObjectName("VScroll1");
-    slider_->setAccessibleName(tr("Analog value"));
-    slider_->setRange(0, fullScale);
-    slider_->setPageStep(fullScale / 100 * 10);
-    slider_->setMinimumHeight(kSliderLength);
-    connect(slider_, &QSlider::valueChanged, this, &AnalogPanel::ShowValue);
+    MakeSlider();
+    MakeTypedValue();
 
     auto* accept = new QPushButton(tr("Accept"));
     accept->setObjectName("Command2");
@@ -62,9 +59,39 @@ AnalogPanel::AnalogPanel(models::ModelFamily family)
     grid->addLayout(captions, 0, 1);
     grid->addWidget(channelLabel_, 1, 1, Qt::AlignHCenter | Qt::AlignBottom);
     grid->addWidget(valueLabel_, 2, 1, Qt::AlignHCenter);
-    grid->addWidget(accept, 3, 0, 1, 2);
+    grid->addWidget(typed_, 3, 0, 1, 2);
+    grid->addWidget(accept, 4, 0, 1, 2);
     grid->setRowStretch(1, 1);
     hide();
+}
+
+void AnalogPanel::MakeSlider() {
+    const int fullScale = models::TraitsOf(family_).analogFullScale;
+    slider_->setObjectName("VScroll1");
+    slider_->setAccessibleName(tr("Analog value"));
+    slider_->setRange(0, fullScale);
+    slider_->setPageStep(fullScale / 100 * 10);
+    slider_->setMinimumHeight(kSliderLength);
+    connect(slider_, &QSlider::valueChanged, this, &AnalogPanel::ShowValue);
+}
+
+void AnalogPanel::MakeTypedValue() {
+    typed_->setObjectName("analogValue");
+    typed_->setAccessibleName(tr("Analog value to type"));
+    typed_->setToolTip(tr("The value can be typed here"));
+    typed_->setLocale(QLocale::c());     // as the values beside the pins are written
+    typed_->setKeyboardTracking(false);  // a value half typed is none
+    typed_->setDecimals(unit_.decimals);
+    typed_->setSuffix(QLatin1String(unit_.suffix));
+    typed_->setRange(0, InUnits(models::TraitsOf(family_).analogFullScale));
+    typed_->setSingleStep(InUnits(1));
+    connect(typed_, &QDoubleSpinBox::valueChanged, slider_, [this](double value) {
+        slider_->setValue(static_cast<int>(std::lround(value / InUnits(1))));
+    });
+}
+
+double AnalogPanel::InUnits(int value) const {
+    return value * std::pow(10.0, -unit_.decimals);
 }
 
 void AnalogPanel::Open(int channel, int value) {
@@ -78,6 +105,7 @@ void AnalogPanel::Open(int channel, int value) {
 
 void AnalogPanel::ShowValue(int value) {
     valueLabel_->ShowText(app::AnalogValueText(models::TraitsOf(family_), value));
+    typed_->setValue(InUnits(value));
 }
 
 void AnalogPanel::Accept() {

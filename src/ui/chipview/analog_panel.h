@@ -3,8 +3,10 @@
 
 #include <QFrame>
 
+#include "app/pin_appearance.h"
 #include "models/catalogue.h"
 
+class QDoubleSpinBox;
 class QSlider;
 
 namespace corvane::ui {
@@ -26,14 +28,19 @@ class AnalogPanel : public QFrame {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
+    void MakeSlider();
+    void MakeTypedValue();
     void Accept();
     void ShowValue(int value);
+    double InUnits(int value) const;
 
     models::ModelFamily family_;
+    app::AnalogUnit unit_;
     int selectedChannel_ = 0;  // channel + 1; 0 while the panel is closed
     DataLabel* channelLabel_;
     DataLabel* valueLabel_;
     QSlider* slider_;
+    QDoubleSpinBox* typed_;
 };
 
 }  // namespace corvane::ui

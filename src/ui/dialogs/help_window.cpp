@@ -3,7 +3,10 @@
 #include <QAbstractTextDocumentLayout>
 #include <QDesktopServices>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QKeySequence>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QShortcut>
@@ -12,8 +15,11 @@
 #include <QTextTable>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <functional>
 
 #include "ui/common/accessible_window.h"
+#include "ui/common/clear_button.h"
+#include "ui/common/text_search.h"
 
 namespace corvane::ui {
 
@@ -58,37 +64,94 @@ void SpaceOut(QTextDocument& document) {
     }
 }
 
+void OnKeys(QWidget& window, const QList<QKeySequence>& keys, const std::function<void()>& act) {
+    for (const QKeySequence& sequence : keys) {
+        const auto* shortcut = new QShortcut(sequence, &window);
+        QObject::connect(shortcut, &QShortcut::activated, &window, act);
+    }
+}
+
 }  // namespace
 
-HelpWindow::HelpWindow(const QString& title, const QString& fileName) {
+HelpWindow::HelpWindow(const QString& title, const QString& fileName)
+    : text_(new QTextBrowser), words_(new QLineEdit), message_(new QLabel) {
     setObjectName("HelpWindow");
     setWindowTitle(title);
     setAttribute(Qt::WA_DeleteOnClose);
     MakeAccessibleAsWindow(*this);
     resize(720, 640);
+    ShowText(title, fileName);
 
-    auto* text = new QTextBrowser;
-    text->setAccessibleName(title);
-    text->setOpenLinks(false);
-    connect(text, &QTextBrowser::anchorClicked, text,
-            [text](const QUrl& link) { FollowLink(*text, link); });
-    text->document()->setDocumentMargin(16);
-    text->setSource(QUrl(QStringLiteral("qrc:/help/") + fileName), QTextDocument::MarkdownResource);
-    SpaceOut(*text->document());
     auto* close = new QPushButton(tr("Close"));
     close->setObjectName("Command1");
     connect(close, &QPushButton::clicked, this, &QWidget::close);
-    for (const QKeySequence& keys :
-         {QKeySequence(Qt::Key_Escape), QKeySequence(QKeySequence::Close)}) {
-        const auto* shortcut = new QShortcut(keys, this);
-        connect(shortcut, &QShortcut::activated, this, &QWidget::close);
-    }
-    auto* footer = new QHBoxLayout;
-    footer->addStretch();
+    OnKeys(*this, {Qt::Key_Escape, QKeySequence::Close}, [this] { this->close(); });
+    QHBoxLayout* footer = MakeSearch();
     footer->addWidget(close);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(text);
+    layout->addWidget(text_);
     layout->addLayout(footer);
+    text_->setFocus();
+}
+
+void HelpWindow::ShowText(const QString& title, const QString& fileName) {
+    text_->setObjectName("helpText");
+    text_->setAccessibleName(title);
+    text_->setOpenLinks(false);
+    connect(text_, &QTextBrowser::anchorClicked, text_,
+            [text = text_](const QUrl& link) { FollowLink(*text, link); });
+    text_->document()->setDocumentMargin(16);
+    text_->setSource(QUrl(QStringLiteral("qrc:/help/") + fileName),
+                     QTextDocument::MarkdownResource);
+    SpaceOut(*text_->document());
+}
+
+QHBoxLayout* HelpWindow::MakeSearch() {
+    words_->setObjectName("findText");
+    AddClearButton(*words_, tr("Clear the text to find"));
+    message_->setObjectName("findMessage");
+    auto* caption = new QLabel(tr("&Find:"));
+    caption->setBuddy(words_);
+    auto* next = new QPushButton(tr("&Next"));
+    auto* previous = new QPushButton(tr("&Previous"));
+    connect(words_, &QLineEdit::textEdited, message_, &QLabel::clear);
+    connect(next, &QPushButton::clicked, this, [this] { Find(false); });
+    connect(previous, &QPushButton::clicked, this, [this] { Find(true); });
+    OnKeys(*this, {QKeySequence::Find}, [this] {
+        words_->selectAll();
+        words_->setFocus();
+    });
+    OnKeys(*this, {QKeySequence::FindNext}, [this] { Find(false); });
+    OnKeys(*this, {QKeySequence::FindPrevious}, [this] { Find(true); });
+    auto* line = new QHBoxLayout;
+    for (QWidget* widget : QList<QWidget*>{caption, words_, previous, next}) {
+        line->addWidget(widget);
+    }
+    line->addWidget(message_, 1);
+    return line;
+}
+
+void HelpWindow::Find(bool backwards) {
+    message_->clear();
+    if (words_->text().isEmpty()) {
+        return;
+    }
+    const QTextCursor found =
+        FindInText(words_->text(), text_->textCursor(),
+                   backwards ? QTextDocument::FindBackward : QTextDocument::FindFlags());
+    if (found.isNull()) {
+        message_->setText(tr("Not found"));
+    } else {
+        text_->setTextCursor(found);
+    }
+}
+
+void HelpWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        Find(event->modifiers().testFlag(Qt::ShiftModifier));
+    } else {
+        QWidget::keyPressEvent(event);
+    }
 }
 
 }  // namespace corvane::ui

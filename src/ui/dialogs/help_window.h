@@ -3,6 +3,11 @@
 
 #include <QWidget>
 
+class QHBoxLayout;
+class QLabel;
+class QLineEdit;
+class QTextBrowser;
+
 namespace corvane::ui {
 
 class HelpWindow : public QWidget {
@@ -10,6 +15,18 @@ class HelpWindow : public QWidget {
   public:
     // The file's name in data/help.
     HelpWindow(const QString& title, const QString& fileName);
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    void ShowText(const QString& title, const QString& fileName);
+    QHBoxLayout* MakeSearch();
+    void Find(bool backwards);
+
+    QTextBrowser* text_;
+    QLineEdit* words_;
+    QLabel* message_;
 };
 
 }  // namespace corvane::ui

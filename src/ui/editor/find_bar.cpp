@@ -1,6 +1,5 @@
 #include "ui/editor/find_bar.h"
 
-#include <QAction>
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -10,16 +9,12 @@
 #include <QPushButton>
 #include <QTextBlock>
 
+#include "ui/common/clear_button.h"
+#include "ui/common/text_search.h"
+
 namespace corvane::ui {
 
 namespace {
-
-void AddClearButton(QLineEdit& line, const QString& name) {
-    line.setClearButtonEnabled(true);
-    for (QAction* clear : line.findChildren<QAction*>()) {
-        clear->setText(name);  // the toolkit's button has but an icon
-    }
-}
 
 // The captions and the texts stand below each other, what belongs to a text beside it.
 void AddLine(QGridLayout& grid, const QList<QWidget*>& widgets) {
@@ -126,25 +121,17 @@ void FindBar::FindWhileTyping() {
 
 void FindBar::Find(bool backwards) {
     message_->clear();
-    if (text_->text().isEmpty() || FindFrom(editor_->textCursor(), backwards)) {
+    if (text_->text().isEmpty()) {
         return;
     }
-    QTextCursor farEnd(editor_->document());
-    farEnd.movePosition(backwards ? QTextCursor::End : QTextCursor::Start);
-    if (!FindFrom(farEnd, backwards)) {
-        message_->setText(tr("Not found"));
-    }
-}
-
-bool FindBar::FindFrom(const QTextCursor& start, bool backwards) {
     QTextDocument::FindFlags flags = Flags();
     flags.setFlag(QTextDocument::FindBackward, backwards);
-    const QTextCursor found = editor_->document()->find(text_->text(), start, flags);
+    const QTextCursor found = FindInText(text_->text(), editor_->textCursor(), flags);
     if (found.isNull()) {
-        return false;
+        message_->setText(tr("Not found"));
+    } else {
+        editor_->setTextCursor(found);
     }
-    editor_->setTextCursor(found);
-    return true;
 }
 
 QTextDocument::FindFlags FindBar::Flags() const {

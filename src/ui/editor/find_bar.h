@@ -35,7 +35,6 @@ class FindBar final : public QWidget {
     void Show(bool withReplacement);
     void FindWhileTyping();
     void Find(bool backwards);
-    bool FindFrom(const QTextCursor& start, bool backwards);
     bool IsFound(const QString& text) const;
     QTextDocument::FindFlags Flags() const;
     void Replace();
