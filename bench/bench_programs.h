@@ -15,11 +15,12 @@ struct BenchProgram {
     std::string_view model;
 };
 
-inline constexpr std::array<BenchProgram, 4> kBenchPrograms = {{
+inline constexpr std::array<BenchProgram, 5> kBenchPrograms = {{
     {"arithmetic", "PIC16F877"},
     {"indirect", "PIC16F877"},
     {"timer_interrupt", "PIC16F84"},
     {"ports_and_converter", "PIC16F877"},
+    {"delay", "PIC16F84"},
 }};
 
 // A started simulation of the program; nothing, after a message on standard error, when it cannot

@@ -1,15 +1,19 @@
 #include "app/translate.h"
 
-#include <algorithm>
-
-#include "app/assembly_with_gpasm.h"
-#include "project/gpasm.h"
+#include <filesystem>
+#include <system_error>
 
 namespace corvane::app {
 
 namespace {
 
 constexpr const char* kNotWritten = "The output could not be written.";
+
+// So that an older result is never taken for the new one.
+void RemoveFile(const std::string& path) {
+    std::error_code ignored;
+    std::filesystem::remove(path, ignored);
+}
 
 std::string WarningLines(const std::vector<common::Diagnostic>& warnings) {
     std::string lines;
@@ -39,42 +43,27 @@ std::vector<models::PredefinedSymbol> ReadSymbolsOrInform(
 }
 
 AssemblyRun AssembleSource(const Workbench& workbench, Dialogs& dialogs, const SourceFile& source,
-                           std::string_view text, const common::ProgressCallback& progress,
-                           const std::function<bool()>& isCancelled) {
-    common::SettingsStore& store = workbench.Settings().Store();
-    if (common::ReadSwitchSetting(store, kAssembleWithGpasm)) {
-        return AssembleWithGpasm(workbench, dialogs, source, text, isCancelled);
-    }
+                           std::string_view text, const common::ProgressCallback& progress) {
     const std::string listingPath = source.PathWithExtension(".lst");
     const std::string hexPath = source.PathWithExtension(".hex");
-    RemoveOldResults({listingPath, hexPath});
+    RemoveFile(listingPath);
+    RemoveFile(hexPath);
     const models::Model& model = workbench.Model();
     const std::vector<models::PredefinedSymbol> symbols =
         ReadSymbolsOrInform(dialogs, model.name, workbench.Processor().description.asmSymbolLines);
-    assembler::Assembly assembly =
-        assembler::Assemble(text, symbols, workbench.ConfigurationWord(), progress);
     AssemblyRun run;
-    run.listedErrors = assembler::ErrorsInListing(assembly);
-    run.messages = assembler::WarningsFor(assembly, model.name, model.programWords);
-    run.errorCount = assembly.errorCount;
-    run.isWrittenForGpasm = run.errorCount != 0 && project::IsWrittenForGpasm(assembly);
-    run.isWritten = run.errorCount == 0 &&
-                    WriteFileOrInform(dialogs, listingPath, assembly.listing) &&
-                    WriteFileOrInform(dialogs, hexPath, assembly.hex);
-    if (run.errorCount == 0 && ChecksProgram(store)) {
-        AddFindings(run, workbench, source.Name(),
-                    project::FromAssembly(assembly, text, source.Name(), model.programWords));
-    }
-    run.listing = std::move(assembly.listing);
+    run.assembly = assembler::Assemble(text, symbols, workbench.ConfigurationWord(), progress);
+    run.warnings = assembler::WarningsFor(run.assembly, model.name, model.programWords);
+    run.isWritten = run.assembly.errorCount == 0 &&
+                    WriteFileOrInform(dialogs, listingPath, run.assembly.listing) &&
+                    WriteFileOrInform(dialogs, hexPath, run.assembly.hex);
     return run;
 }
 
 void ReportAssembly(Dialogs& dialogs, const AssemblyRun& run) {
-    if (run.errorCount != 0) {
+    if (run.assembly.errorCount != 0) {
         dialogs.Inform("Assembly was not successful.\r\nYour assembler source contains " +
-                       std::to_string(run.errorCount) + " errors.");
-    } else if (!run.failure.empty()) {
-        dialogs.Inform(run.failure);
+                       std::to_string(run.assembly.errorCount) + " errors.");
     }
 }
 
@@ -102,17 +91,12 @@ CompilationRun CompileSource(const Workbench& workbench, Dialogs& dialogs, const
 }
 
 std::string Summary(const AssemblyRun& run) {
-    const auto isWarning = [](const common::Diagnostic& message) {
-        return message.severity == common::Severity::Warning;
-    };
-    const auto warnings = std::count_if(run.messages.begin(), run.messages.end(), isWarning);
-    const std::string counts =
-        Counts(static_cast<std::size_t>(run.errorCount), static_cast<std::size_t>(warnings));
-    if (run.errorCount != 0 || !run.failure.empty()) {
+    const auto errors = static_cast<std::size_t>(run.assembly.errorCount);
+    const std::string counts = Counts(errors, run.warnings.size());
+    if (errors != 0) {
         return counts + "The assembly was not successful.";
     }
-    return counts + (run.isWritten ? "The assembly was successful." : kNotWritten) +
-           (run.remark.empty() ? "" : " " + run.remark);
+    return counts + (run.isWritten ? "The assembly was successful." : kNotWritten);
 }
 
 std::string Summary(const CompilationRun& run) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/cell_table.h"
+#include "core/cpu/loops.h"
 #include "core/peripheral.h"
 #include "core/processor_state.h"
 
@@ -29,6 +30,8 @@ struct DecodedWord {
     std::uint16_t word;
     std::uint16_t operand;  // the register's cell, a literal, or an address
     std::uint8_t bitMask;   // of bit instructions
+    // Of a GOTO that closes a loop: how often it comes by before it asks for a look.
+    std::uint16_t patience;
 };
 
 // The decoded program once for each bank, and behind its end two entries that lead to its start.
@@ -58,6 +61,9 @@ struct Dispatch {
     std::array<std::uint8_t, kProgramCounterRange> stopMarks{};
     std::array<std::uint16_t, models::kDataMemorySize> resolvedCells{};  // by data-memory address
     CellTable cells;
+
+    Loops loops;
+    DecodedWord* closedLoop = nullptr;  // a GOTO that ended the slice to ask for a look
 
     // The peripherals, by their place in the list.
     std::array<Standing, kMaxPeripherals> standings{};

@@ -1,6 +1,7 @@
 #include "core/execution.h"
 
 #include "core/cpu/interrupts.h"
+#include "core/cpu/loops.h"
 #include "core/cpu/slice.h"
 #include "core/registers.h"
 #include "core/schedule.h"
@@ -34,10 +35,14 @@ RunResult FinishRun(Processor& processor, std::int64_t steps, int marks) {
 RunResult Run(Processor& processor, std::int64_t maxSteps) {
     std::int64_t steps = 0;
     int marks = 0;
+    processor.dispatch.closedLoop = nullptr;
     do {
         std::int64_t done = 1;
         if (processor.dispatch.interruptPending) {
             EnterInterrupt(processor);
+            processor.dispatch.closedLoop = nullptr;
+        } else if (processor.dispatch.closedLoop != nullptr) {
+            done = FollowLoop(processor, maxSteps - steps);
         } else {
             done = ExecuteSlice(processor, maxSteps - steps);
         }

@@ -20,6 +20,7 @@ struct Processor {
     int eepromWriteTime = 1000;                                       // clock cycles
     int adConversionTime = 100;                                       // clock cycles
     std::array<std::uint16_t, kProgramCounterRange> programMemory{};  // 0 beyond the model's size
+    bool repeatsLoops = true;  // passages of waiting loops in one go: slower without, else the same
     ProcessorState state;
     Dispatch dispatch;  // belongs to the engine: call StateChanged after editing the state by hand
 };

@@ -10,19 +10,23 @@
 #include <functional>
 
 #include "core/engine_pair.h"
+#include "core/pins.h"
 #include "core/random.h"
 #include "core/random_program.h"
+#include "core/reset.h"
 #include "core/state_fields.h"
 #include "isa/instruction_set.h"
+#include "shipped_files.h"
 
 namespace corvane::core {
 namespace {
 
 constexpr std::int64_t kDefaultSteps = 60000;
 constexpr int kStepsOfAProgram = 500;
-constexpr int kStepsOfLoops = 20000;
+constexpr std::array kStepsOfLoops = {1000, 3000, 3000, 20000};
 constexpr std::array kLongestRuns = {2, 10, 50, 200, 2000};
 constexpr std::array kLongestRunsOfLoops = {50, 1000, 5000, 30000};
+constexpr int kStepsOfRepeatedLoops = 100000;
 
 std::int64_t FromEnvironment(const char* name, std::int64_t otherwise) {
     const char* text = std::getenv(name);
@@ -32,7 +36,7 @@ std::int64_t FromEnvironment(const char* name, std::int64_t otherwise) {
 class DifferentialTest : public testing::TestWithParam<int> {
   protected:
     void Start(const std::vector<std::uint16_t>& program) {
-        static constexpr std::array kTimes = {4, 4, 6, 8, 100};  // clock cycles
+        static constexpr std::array kTimes = {4, 4, 6, 8, 100, 1000};  // clock cycles
         pair_.SetTimes(random_.Pick(kTimes), random_.Pick(kTimes));
         pair_.Load(program);
         pair_.Start();
@@ -224,13 +228,48 @@ TEST_P(DifferentialTest, RunGivesTheStateOfItsSteps) {
 TEST_P(DifferentialTest, LongRunsOfLoopsGiveTheStateOfTheirSteps) {
     while (steps_ < 2 * maxSteps_) {
         StartRandomLoops();
-        while (pair_.steps() < kStepsOfLoops) {
+        pair_.SetRepeatsLoops(random_.Chance(75));
+        const int stepsOfProgram = random_.Pick(kStepsOfLoops);
+        while (pair_.steps() < stepsOfProgram) {
             if (random_.Chance(10)) {
                 SetRandomBreakpoints();
             }
             ASSERT_NO_FATAL_FAILURE(
                 CompareRun(1 + random_.Below(random_.Pick(kLongestRunsOfLoops))));
             RandomEvents();
+        }
+    }
+}
+
+// The engine with and without doing loops in one go, which is fast enough for many more steps.
+TEST_P(DifferentialTest, DoingLoopsInOneGoChangesNothing) {
+    std::array<Processor, 2> both = {MakeProcessor(model_, DescriptionOf(model_)),
+                                     MakeProcessor(model_, DescriptionOf(model_))};
+    Processor& plain = both[0];
+    Processor& fast = both[1];
+    plain.repeatsLoops = false;
+    while (steps_ < 100 * maxSteps_) {
+        const std::vector<std::uint16_t> program = RandomLoops(model_, random_);
+        for (Processor& processor : both) {
+            FillProgramMemory(processor, program);
+            StartSimulation(processor);
+        }
+        plain.adConversionTime = fast.adConversionTime = 4 + random_.Below(1000);
+        plain.eepromWriteTime = fast.eepromWriteTime = 4 + random_.Below(1000);
+        while (plain.state.instructionCount < kStepsOfRepeatedLoops) {
+            const int wanted = 1 + random_.Below(random_.Pick(kLongestRunsOfLoops));
+            const Pin pin = RandomPin();
+            const bool toggles = random_.Chance(20);
+            for (Processor& processor : both) {
+                if (toggles) {
+                    TogglePin(processor, pin, true);
+                }
+                processor.state.stopRequested = false;
+                steps_ += core::Run(processor, wanted).steps;
+            }
+            ASSERT_TRUE(plain.state == fast.state) << model_.name << ", seed " << seed_ << ", step "
+                                                   << plain.state.instructionCount << ":\n"
+                                                   << Differences(plain.state, fast.state);
         }
     }
 }

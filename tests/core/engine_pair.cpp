@@ -85,21 +85,27 @@ std::string EnginePair::Report() const {
     std::ostringstream report;
     report << chip_.model->name << ", step " << steps_ << " of the program, EEPROM write time "
            << chip_.eepromWriteTime << ", A/D conversion time " << chip_.adConversionTime << "\n";
-    std::map<std::string, std::int64_t> plainFields;
-    ForEachField(plainState_, [&](const std::string& name, auto value) {
-        plainFields[name] = static_cast<std::int64_t>(value);
-    });
-    ForEachField(processor_.state, [&](const std::string& name, auto value) {
-        const auto fast = static_cast<std::int64_t>(value);
-        if (plainFields[name] != fast) {
-            report << name << ": plain " << plainFields[name] << ", fast " << fast << "\n";
-        }
-    });
+    report << Differences(plainState_, processor_.state);
     report << "the last steps:\n";
     for (const std::string& line : history_) {
         report << "  " << line << "\n";
     }
     return report.str();
+}
+
+std::string Differences(const ProcessorState& plain, const ProcessorState& fast) {
+    std::ostringstream text;
+    std::map<std::string, std::int64_t> plainFields;
+    ForEachField(plain, [&](const std::string& name, auto value) {
+        plainFields[name] = static_cast<std::int64_t>(value);
+    });
+    ForEachField(fast, [&](const std::string& name, auto value) {
+        const auto other = static_cast<std::int64_t>(value);
+        if (plainFields[name] != other) {
+            text << name << ": plain " << plainFields[name] << ", fast " << other << "\n";
+        }
+    });
+    return text.str();
 }
 
 std::vector<std::uint16_t> Words(const std::vector<std::string>& texts) {

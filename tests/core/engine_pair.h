@@ -32,6 +32,7 @@ class EnginePair {
     void SetAnalog(int channel, int value);
     void Edit(const std::function<void(ProcessorState&)>& edit);
     void EditWord(int address, std::uint16_t word);
+    void SetRepeatsLoops(bool repeats) { processor_.repeatsLoops = repeats; }
     void SetBreakpoints(std::span<const int> addresses);
 
     const plain::Chip& chip() const { return chip_; }
@@ -49,6 +50,9 @@ class EnginePair {
     std::deque<std::string> history_;
     std::int64_t steps_ = 0;
 };
+
+// The fields that differ, a line for each.
+std::string Differences(const ProcessorState& plain, const ProcessorState& fast);
 
 // The words of which these are the decoded texts; of several words the lowest.
 std::vector<std::uint16_t> Words(const std::vector<std::string>& texts);

@@ -345,8 +345,10 @@ class Generator {
     // ---- loops as people write them -------------------------------------------------------------
 
     int Counter() { return kGpr + random_.Below(6); }
+    // Inner loops often make more passages than outer ones, so that these come by too.
     int CountOf(int depth) {
-        return random_.Chance(80) ? 1 + random_.Below(24 >> depth) : random_.Byte();
+        return random_.Chance(depth == 0 ? 60 : 15) ? random_.Byte()
+                                                    : 1 + random_.Below(24 >> depth);
     }
 
     void LoopHandler() {
@@ -364,7 +366,7 @@ class Generator {
         Emit(Operation::Retfie);
     }
 
-    // Timer0 with a prescaler or without, a conversion, and interrupts in every third program.
+    // Timer0 with a prescaler or without, a conversion, and interrupts in every other program.
     void PrepareLoops() {
         WriteLiteral(kOptionReg, random_.Below(16) | (random_.Chance(15) ? 0x20 : 0));
         if (Is87x()) {
@@ -372,7 +374,7 @@ class Generator {
             WriteLiteral(kAdcon0, 0x41);
         }
         SelectBankOf(0);
-        if (random_.Chance(33)) {
+        if (random_.Chance(50)) {
             Movlw(0xA0 | (random_.Byte() & 0x10));
             Emit(Operation::Movwf, kIntcon);
         }
@@ -442,7 +444,7 @@ class Generator {
     }
 
     void LoopBody(int depth) {
-        for (int i = random_.Below(4); i > 0; --i) {
+        for (int i = random_.Below(5) - 2; i > 0; --i) {
             LoopFiller();
         }
         if (depth > 0) {
@@ -459,8 +461,12 @@ class Generator {
     // Until Timer0 overflows or reaches a value, a conversion or an EEPROM write ends, or a pin
     // changes.
     void WaitingLoop() {
-        const int kind = random_.Below(5);
-        if (kind == 0) {
+        static constexpr std::array kKinds = {0, 0, 1, 2, 3, 4, 5, 5};
+        const int kind = random_.Pick(kKinds);
+        if (kind == 5) {
+            EepromWrite();
+            SelectBankOf(eeprom_.eecon1);
+        } else if (kind == 0) {
             Movlw(0x80 | random_.Byte());
             Emit(Operation::Movwf, kTmr0);
         }
@@ -475,17 +481,20 @@ class Generator {
         }
         if (kind <= 1) {
             EmitBit(Operation::Btfss, kIntcon, 2);
+        } else if (kind == 5) {
+            EmitBit(Operation::Btfsc, eeprom_.eecon1, 1);
         } else if (kind == 2) {
             Emit(Operation::Movf, kTmr0);
             Emit(Operation::Xorlw, random_.Byte());
             EmitBit(Operation::Btfss, kStatus, 2);
-        } else if (kind == 3 && Is87x()) {
-            EmitBit(Operation::Btfsc, kAdcon0, 2);
+        } else if (kind == 3) {
+            EmitBit(Operation::Btfsc, Is87x() ? kAdcon0 : kGpr + 7, 2);
         } else {
             EmitBit(random_.Chance(50) ? Operation::Btfss : Operation::Btfsc, kPortB,
                     random_.Below(8));
         }
         Emit(Operation::Goto, start);
+        SelectBankOf(0);
     }
 
     void Handler() {

@@ -102,6 +102,32 @@ TEST(Run, EndsAtStepsStopsAndBreakpoints) {
     EXPECT_TRUE(past.state.stopRequested);
 }
 
+// More steps than could be executed one by one.
+TEST(Run, DoesWaitingLoopsInOneGo) {
+    constexpr std::int64_t kMany = 1'000'000'000'000;
+    Processor idle = StartedProcessor("PIC16F84", {"GOTO 0x000"});
+    EXPECT_EQ(core::Run(idle, kMany).steps, kMany);
+    EXPECT_EQ(idle.state.clockCycles, 4 + 8 * kMany);
+    EXPECT_EQ(idle.state.instructionCount, kMany);
+    SetBreakpoints(idle, std::array{0});
+    EXPECT_EQ(core::Run(idle, kMany).steps, 1)
+        << "what is known of a loop does not pass a breakpoint";
+
+    // Four counters of 256 passages each, one in the other: closed by one GOTO, and by one each.
+    const std::vector<std::vector<std::string>> nests = {
+        {"DECFSZ 0x0C,F", "GOTO 0x007", "DECFSZ 0x0D,F", "GOTO 0x007", "DECFSZ 0x0E,F",
+         "GOTO 0x007", "DECFSZ 0x0F,F", "GOTO 0x000", "SLEEP"},
+        {"DECFSZ 0x0C,F", "GOTO 0x000", "DECFSZ 0x0D,F", "GOTO 0x000", "DECFSZ 0x0E,F",
+         "GOTO 0x000", "DECFSZ 0x0F,F", "GOTO 0x000", "SLEEP"}};
+    for (const std::vector<std::string>& nest : nests) {
+        Processor counting = StartedProcessor("PIC16F84", nest);
+        core::Run(counting, kMany);
+        EXPECT_TRUE(counting.state.stopRequested);
+        EXPECT_GT(counting.state.instructionCount, std::int64_t{2} << 32);
+        EXPECT_EQ(counting.state.dataMemory[0x0F], 0);
+    }
+}
+
 // Runs on a stack that holds the frames of a few thousand instructions.
 void RunOnSmallStack(Processor& processor) {
     constexpr std::size_t kStackBytes = 256 * 1024;

@@ -53,6 +53,12 @@ inline void SetStatusBits(Core& core, int mask, int bits) {
     core.status = (core.status & ~mask) | bits;
 }
 
+// The cell that INDF stands for.
+inline std::size_t IndirectCell(const Processor& processor, int status) {
+    const int address = processor.state.dataMemory[kFsr] + (status & status::kIrp) * 2;
+    return processor.description.addressMap[static_cast<std::size_t>(address)];
+}
+
 // Puts the registers into the state.
 inline void Save(const Core& core) {
     ProcessorState& state = core.processor.state;

@@ -43,8 +43,10 @@ void StopAtMark(Processor& processor, DecodedWord* at, std::int64_t left, int w,
 
 void ForgetDecodedProgram(Processor& processor) {
     auto& code = processor.dispatch.code;
-    code.assign(static_cast<std::size_t>(kBankCount * kDecodedWordsOfBank),
-                {.execute = DecodeAndExecute, .word = 0, .operand = 0, .bitMask = 0});
+    code.assign(
+        static_cast<std::size_t>(kBankCount * kDecodedWordsOfBank),
+        {.execute = DecodeAndExecute, .word = 0, .operand = 0, .bitMask = 0, .patience = 0});
+    processor.dispatch.loops.clear();
     for (std::ptrdiff_t bank = 0; bank < kBankCount; ++bank) {
         DecodedWord* const end = code.data() + bank * kDecodedWordsOfBank + kProgramCounterRange;
         end[0].execute = WrapToStart;
@@ -55,17 +57,28 @@ void ForgetDecodedProgram(Processor& processor) {
 void SetStopMarks(Processor& processor, int address, int marks) {
     Dispatch& dispatch = processor.dispatch;
     dispatch.stopMarks[static_cast<std::size_t>(address)] = static_cast<std::uint8_t>(marks);
+    dispatch.loops.clear();
     for (std::ptrdiff_t bank = 0; bank < kBankCount; ++bank) {
         dispatch.code[static_cast<std::size_t>(bank * kDecodedWordsOfBank + address)].execute =
             DecodeAndExecute;
     }
 }
 
+DecodedWord* EntryAtPc(Processor& processor) {
+    const std::ptrdiff_t bank = BankOf(processor.state.dataMemory[kStatus]);
+    DecodedWord* const entry =
+        processor.dispatch.code.data() + bank * kDecodedWordsOfBank + processor.state.pc;
+    if (entry->execute == DecodeAndExecute) {
+        DecodeEntry(processor, entry);
+    }
+    return entry;
+}
+
 ExecuteFunction DecodeEntry(Processor& processor, DecodedWord* entry) {
     const Place place = PlaceOf(processor, entry);
     const auto address = static_cast<std::size_t>(place.address);
     const auto size = static_cast<std::size_t>(processor.model->programWords);
-    *entry = Decode(processor, processor.programMemory[address % size], place.bank);
+    *entry = Decode(processor, processor.programMemory[address % size], place.address, place.bank);
     const ExecuteFunction execute = entry->execute;
     if (processor.dispatch.stopMarks[address] != 0) {
         entry->execute = StopAtMark;

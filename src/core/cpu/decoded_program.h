@@ -11,6 +11,9 @@ void ForgetDecodedProgram(Processor& processor);
 // Sets the bits of why a run ends at this address (0..8191).
 void SetStopMarks(Processor& processor, int address, int marks);
 
+// The decoded instruction at pc in the bank that STATUS selects.
+DecodedWord* EntryAtPc(Processor& processor);
+
 // The function that executes the instruction at the entry. A run comes to an entry with marks by
 // another one, which ends it.
 ExecuteFunction DecodeEntry(Processor& processor, DecodedWord* entry);

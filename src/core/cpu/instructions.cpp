@@ -67,6 +67,26 @@ void Goto(Core& core) {
     JumpTo(core, page + core.at->operand);
 }
 
+// One that closes a loop and has come by often: in a function of its own, as it needs more of the
+// host's registers.
+[[gnu::noinline]] void GotoAskingForLook(Processor& processor, DecodedWord* at, std::int64_t left,
+                                         int w, int status, DecodedWord* /*last*/) {
+    Core core{processor, at, left, w, status, at + 1};
+    Goto(core);
+    at->patience = 1;  // until somebody has looked
+    processor.dispatch.closedLoop = at;
+    EndSlice(core);
+    return GoOn(core);
+}
+
+void GotoBack(Processor& processor, DecodedWord* at, std::int64_t left, int w, int status,
+              DecodedWord* last) {
+    if (--at->patience == 0) {
+        return GotoAskingForLook(processor, at, left, w, status, last);
+    }
+    return Execute<Goto>(processor, at, left, w, status, last);
+}
+
 void Call(Core& core) {
     Push(core.processor.state, Pc(core));
     Goto(core);
@@ -114,7 +134,7 @@ bool IsWatched(const Processor& processor, int literal) {
     });
 }
 
-ExecuteFunction FunctionOf(const Processor& processor, Operation operation, int word,
+ExecuteFunction FunctionOf(const Processor& processor, Operation operation, int word, int address,
                            std::size_t cell) {
     switch (operation) {
         case Operation::Nop:
@@ -132,7 +152,7 @@ ExecuteFunction FunctionOf(const Processor& processor, Operation operation, int 
         case Operation::Call:
             return Execute<Call>;
         case Operation::Goto:
-            return Execute<Goto>;
+            return isa::Address11Field(word) <= (address & 0x7FF) ? GotoBack : Execute<Goto>;
         case Operation::Movlw:
             return IsWatched(processor, isa::Literal8Field(word)) ? Execute<MovlwWatched>
                                                                   : Execute<Movlw>;
@@ -177,13 +197,18 @@ std::size_t OperandOf(const Processor& processor, Operation operation, int word,
 
 }  // namespace
 
-DecodedWord Decode(const Processor& processor, int word, int bank) {
+DecodedWord Decode(const Processor& processor, int word, int address, int bank) {
     const Operation operation = isa::Classify(word);
     const std::size_t operand = OperandOf(processor, operation, word, bank);
-    return {.execute = FunctionOf(processor, operation, word, operand),
+    return {.execute = FunctionOf(processor, operation, word, address, operand),
             .word = static_cast<std::uint16_t>(word),
             .operand = static_cast<std::uint16_t>(operand),
-            .bitMask = static_cast<std::uint8_t>(1 << isa::BitField(word))};
+            .bitMask = static_cast<std::uint8_t>(1 << isa::BitField(word)),
+            .patience = kFirstPatience};
+}
+
+bool ClosesLoop(const DecodedWord& decoded) {
+    return decoded.execute == GotoBack;
 }
 
 }  // namespace corvane::core

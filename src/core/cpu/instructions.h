@@ -5,7 +5,11 @@
 
 namespace corvane::core {
 
-// The function and operands that execute a word (0..3FFFh) while a bank (0..3) is selected.
-DecodedWord Decode(const Processor& processor, int word, int bank);
+// The function and operands that execute a word (0..3FFFh) at an address while a bank (0..3) is
+// selected.
+DecodedWord Decode(const Processor& processor, int word, int address, int bank);
+
+// Whether it is a GOTO that leads back.
+bool ClosesLoop(const DecodedWord& decoded);
 
 }  // namespace corvane::core

@@ -23,18 +23,12 @@ void Execute(Processor& processor, DecodedWord* at, std::int64_t left, int w, in
     return GoOn(core);
 }
 
-// The cell that INDF stands for.
-std::size_t IndirectCell(const Core& core) {
-    const int address = core.processor.state.dataMemory[kFsr] + (core.status & status::kIrp) * 2;
-    return core.processor.description.addressMap[static_cast<std::size_t>(address)];
-}
-
 template <typename Instruction>
 [[gnu::noinline]] void ExecuteOnSpecialIndf(Processor& processor, DecodedWord* at,
                                             std::int64_t left, int w, int status,
                                             DecodedWord* /*last*/) {
     Core core{processor, at, left, w, status, at + 1};
-    const std::size_t cell = IndirectCell(core);
+    const std::size_t cell = IndirectCell(processor, status);
     if (cell == kStatus) {
         Instruction::template Execute<StatusRegister>(core, cell);
     } else if (cell == kPcl) {
@@ -52,7 +46,7 @@ template <typename Instruction>
 void ExecuteOnIndf(Processor& processor, DecodedWord* at, std::int64_t left, int w, int status,
                    DecodedWord* last) {
     Core core{processor, at, left, w, status, at + 1};
-    const std::size_t cell = IndirectCell(core);
+    const std::size_t cell = IndirectCell(processor, status);
     if ((processor.dispatch.cells.EffectsOf(cell) & Instruction::kEffects) != 0) {
         return ExecuteOnSpecialIndf<Instruction>(processor, at, left, w, status, last);
     }

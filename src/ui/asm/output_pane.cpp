@@ -94,38 +94,35 @@ const OutputLink* OutputPane::LinkAt(const QModelIndex& index) const {
 
 void OutputPane::FollowNext() {
     const std::vector<OutputLink>& links = lines_.Links();
-    FollowFirst(links.begin(), links.end(), [this](const OutputLink& link) {
-        return link.outputLine > followedLine_.value_or(0);
-    });
+    if (links.empty()) {
+        return;
+    }
+    const int line = followedLine_.value_or(0);
+    const auto next = std::find_if(links.begin(), links.end(),
+                                   [=](const OutputLink& link) { return link.outputLine > line; });
+    Follow(next != links.end() ? *next : links.front());
 }
 
 void OutputPane::FollowPrevious() {
     const std::vector<OutputLink>& links = lines_.Links();
-    FollowFirst(links.rbegin(), links.rend(), [this](const OutputLink& link) {
-        return link.outputLine < followedLine_.value_or(0);
-    });
-}
-
-// The first mistake that is so, or the first one at all.
-template <typename Iterator, typename Condition>
-void OutputPane::FollowFirst(Iterator begin, Iterator end, const Condition& isWanted) {
-    const auto isMistake = [](const OutputLink& link) { return !link.isNote; };
-    const auto wanted = std::find_if(
-        begin, end, [&](const OutputLink& link) { return isMistake(link) && isWanted(link); });
-    const auto followed = wanted != end ? wanted : std::find_if(begin, end, isMistake);
-    if (followed != end) {
-        Follow(*followed);
+    if (links.empty()) {
+        return;
     }
+    const int line = followedLine_.value_or(0);
+    const auto previous = std::find_if(links.rbegin(), links.rend(), [=](const OutputLink& link) {
+        return link.outputLine < line;
+    });
+    Follow(previous != links.rend() ? *previous : links.back());
 }
 
 void OutputPane::Follow(const OutputLink& link) {
-    const OutputLink followed = link;  // whoever follows may show another output
+    const int sourceLine = link.sourceLine;
     followedLine_ = link.outputLine;
     const QModelIndex index = lines_.index(link.outputLine - 1);
     selectionModel()->setCurrentIndex(index, QItemSelectionModel::Clear);
     scrollTo(index, PositionAtCenter);  // the source line stands above the message
     viewport()->update();
-    emit LinkFollowed(followed);
+    emit LinkFollowed(sourceLine);
 }
 
 void OutputPane::mouseMoveEvent(QMouseEvent* event) {
