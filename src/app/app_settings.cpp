@@ -49,6 +49,11 @@ std::string WindowSetting(Window window, std::string_view figure) {
 
 }  // namespace
 
+bool ChecksProgram(common::SettingsStore& store) {
+    const std::string chosen = store.Read(kCheckProgram).value_or("");
+    return common::ReadSwitchSetting(store, chosen.empty() ? kAssembleWithGpasm : kCheckProgram);
+}
+
 AppSettings::AppSettings(common::SettingsStore& store, std::string_view applicationFolder)
     : store_(&store),
       lastPath_(ReadSetting(store, kLastPath, applicationFolder)),

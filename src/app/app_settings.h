@@ -23,6 +23,10 @@ enum class SimulationRate : std::uint8_t {
 // WriteSwitchSetting.
 inline constexpr std::string_view kListingWithoutOpcodes = "Listing Without Opcodes";
 inline constexpr std::string_view kTurnOffColors = "Turn Off Colors";
+inline constexpr std::string_view kAssembleWithGpasm = "Assemble With gpasm";
+inline constexpr std::string_view kCheckProgram = "Check Program";
+// The last one, once it has been chosen; else what gpasm assembles is checked.
+bool ChecksProgram(common::SettingsStore& store);
 
 class AppSettings {
   public:

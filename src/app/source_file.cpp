@@ -64,9 +64,13 @@ std::optional<std::string> ReadFileOrInform(Dialogs& dialogs, const std::string&
 bool WriteFileOrInform(Dialogs& dialogs, const std::string& path, std::string_view text) {
     const std::optional<std::string> reason = common::WriteTextFile(path, common::WithCrLf(text));
     if (reason) {
-        dialogs.Inform("File '" + path + "' could not be written.\r\n" + *reason + ".");
+        dialogs.Inform(NotWrittenMessage(path, *reason));
     }
     return !reason;
+}
+
+std::string NotWrittenMessage(const std::string& path, const std::string& reason) {
+    return "File '" + path + "' could not be written.\r\n" + reason + ".";
 }
 
 std::string WithExtension(std::string_view fileName, std::string_view extension) {

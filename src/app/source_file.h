@@ -44,6 +44,9 @@ std::optional<std::string> ReadFileOrInform(Dialogs& dialogs, const std::string&
 // Replaces the file, with CR LF line ends. False after a message that it could not be written.
 bool WriteFileOrInform(Dialogs& dialogs, const std::string& path, std::string_view text);
 
+// "File '...' could not be written." and the reason.
+std::string NotWrittenMessage(const std::string& path, const std::string& reason);
+
 // Shows the save dialog with the name that is offered, if any, stores its folder as Last Path,
 // gives the name the kind's extension and asks before an existing file is overwritten. The full
 // path, or nothing when the person declined.

@@ -1,19 +1,15 @@
 #include "app/translate.h"
 
-#include <filesystem>
-#include <system_error>
+#include <algorithm>
+
+#include "app/assembly_with_gpasm.h"
+#include "project/gpasm.h"
 
 namespace corvane::app {
 
 namespace {
 
 constexpr const char* kNotWritten = "The output could not be written.";
-
-// So that an older result is never taken for the new one.
-void RemoveFile(const std::string& path) {
-    std::error_code ignored;
-    std::filesystem::remove(path, ignored);
-}
 
 std::string WarningLines(const std::vector<common::Diagnostic>& warnings) {
     std::string lines;
@@ -43,27 +39,42 @@ std::vector<models::PredefinedSymbol> ReadSymbolsOrInform(
 }
 
 AssemblyRun AssembleSource(const Workbench& workbench, Dialogs& dialogs, const SourceFile& source,
-                           std::string_view text, const common::ProgressCallback& progress) {
+                           std::string_view text, const common::ProgressCallback& progress,
+                           const std::function<bool()>& isCancelled) {
+    common::SettingsStore& store = workbench.Settings().Store();
+    if (common::ReadSwitchSetting(store, kAssembleWithGpasm)) {
+        return AssembleWithGpasm(workbench, dialogs, source, text, isCancelled);
+    }
     const std::string listingPath = source.PathWithExtension(".lst");
     const std::string hexPath = source.PathWithExtension(".hex");
-    RemoveFile(listingPath);
-    RemoveFile(hexPath);
+    RemoveOldResults({listingPath, hexPath});
     const models::Model& model = workbench.Model();
     const std::vector<models::PredefinedSymbol> symbols =
         ReadSymbolsOrInform(dialogs, model.name, workbench.Processor().description.asmSymbolLines);
+    assembler::Assembly assembly =
+        assembler::Assemble(text, symbols, workbench.ConfigurationWord(), progress);
     AssemblyRun run;
-    run.assembly = assembler::Assemble(text, symbols, workbench.ConfigurationWord(), progress);
-    run.warnings = assembler::WarningsFor(run.assembly, model.name, model.programWords);
-    run.isWritten = run.assembly.errorCount == 0 &&
-                    WriteFileOrInform(dialogs, listingPath, run.assembly.listing) &&
-                    WriteFileOrInform(dialogs, hexPath, run.assembly.hex);
+    run.listedErrors = assembler::ErrorsInListing(assembly);
+    run.messages = assembler::WarningsFor(assembly, model.name, model.programWords);
+    run.errorCount = assembly.errorCount;
+    run.isWrittenForGpasm = run.errorCount != 0 && project::IsWrittenForGpasm(assembly);
+    run.isWritten = run.errorCount == 0 &&
+                    WriteFileOrInform(dialogs, listingPath, assembly.listing) &&
+                    WriteFileOrInform(dialogs, hexPath, assembly.hex);
+    if (run.errorCount == 0 && ChecksProgram(store)) {
+        AddFindings(run, workbench, source.Name(),
+                    project::FromAssembly(assembly, text, source.Name(), model.programWords));
+    }
+    run.listing = std::move(assembly.listing);
     return run;
 }
 
 void ReportAssembly(Dialogs& dialogs, const AssemblyRun& run) {
-    if (run.assembly.errorCount != 0) {
+    if (run.errorCount != 0) {
         dialogs.Inform("Assembly was not successful.\r\nYour assembler source contains " +
-                       std::to_string(run.assembly.errorCount) + " errors.");
+                       std::to_string(run.errorCount) + " errors.");
+    } else if (!run.failure.empty()) {
+        dialogs.Inform(run.failure);
     }
 }
 
@@ -91,12 +102,17 @@ CompilationRun CompileSource(const Workbench& workbench, Dialogs& dialogs, const
 }
 
 std::string Summary(const AssemblyRun& run) {
-    const auto errors = static_cast<std::size_t>(run.assembly.errorCount);
-    const std::string counts = Counts(errors, run.warnings.size());
-    if (errors != 0) {
+    const auto isWarning = [](const common::Diagnostic& message) {
+        return message.severity == common::Severity::Warning;
+    };
+    const auto warnings = std::count_if(run.messages.begin(), run.messages.end(), isWarning);
+    const std::string counts =
+        Counts(static_cast<std::size_t>(run.errorCount), static_cast<std::size_t>(warnings));
+    if (run.errorCount != 0 || !run.failure.empty()) {
         return counts + "The assembly was not successful.";
     }
-    return counts + (run.isWritten ? "The assembly was successful." : kNotWritten);
+    return counts + (run.isWritten ? "The assembly was successful." : kNotWritten) +
+           (run.remark.empty() ? "" : " " + run.remark);
 }
 
 std::string Summary(const CompilationRun& run) {

@@ -3,6 +3,7 @@
 // the result, and reports.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,6 +12,7 @@
 #include "app/source_file.h"
 #include "app/workbench.h"
 #include "asm/assembler.h"
+#include "asm/listing.h"
 #include "basic/compiler.h"
 #include "common/diagnostic.h"
 #include "common/progress.h"
@@ -18,9 +20,14 @@
 namespace corvane::app {
 
 struct AssemblyRun {
-    assembler::Assembly assembly;
-    std::vector<common::Diagnostic> warnings;
-    bool isWritten = false;  // listing and HEX file
+    std::string listing;
+    std::vector<assembler::ListedError> listedErrors;  // what the listing says in its lines
+    std::vector<common::Diagnostic> messages;          // what stands below the listing
+    int errorCount = 0;
+    std::string failure;             // why there is no result besides; empty otherwise
+    std::string remark;              // on the program's microcontroller; empty without one
+    bool isWrittenForGpasm = false;  // and has been refused
+    bool isWritten = false;          // all its files
 };
 
 struct CompilationRun {
@@ -29,11 +36,13 @@ struct CompilationRun {
     bool isWritten = false;
 };
 
-// Assembles the text for the selected model and writes the listing and the HEX file beside the
-// source; with errors, no file of either name is left. Tells of bad symbol lines of the model's
-// description file and of files that cannot be written.
+// Assembles the saved text for the selected model, with the assembler that is set, and writes the
+// listing and the HEX file beside the source; with errors, no HEX file is left, and no listing
+// either unless it is gpasm's. What is assembled is checked if that is set. Tells of bad symbol
+// lines of the model's description file and of files that cannot be written.
 AssemblyRun AssembleSource(const Workbench& workbench, Dialogs& dialogs, const SourceFile& source,
-                           std::string_view text, const common::ProgressCallback& progress = {});
+                           std::string_view text, const common::ProgressCallback& progress = {},
+                           const std::function<bool()>& isCancelled = {});
 
 // The message after an assembly with errors; nothing to say after a successful one.
 void ReportAssembly(Dialogs& dialogs, const AssemblyRun& run);

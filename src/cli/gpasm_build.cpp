@@ -6,19 +6,12 @@
 #include "cli/interrupt.h"
 #include "cli/program_file.h"
 #include "cli/source_file.h"
-#include "common/text.h"
 
 namespace corvane::cli {
 
 namespace {
 
 using BuildResult = common::Result<GpasmBuild, GpasmFailure>;
-
-// "16f84a" for the PIC16F84A of a person.
-std::string ProcessorName(const std::string& modelName) {
-    const std::string name = common::ToLower(modelName);
-    return name.starts_with("pic") ? name.substr(3) : name;
-}
 
 BuildResult Failure(CommandResult result, std::string listing = "") {
     return BuildResult::Failure({std::move(result), std::move(listing)});
@@ -51,10 +44,11 @@ BuildResult BuildWithGpasm(const std::string& source, const ModelOptions& model,
         return Failure(Refused(text.error));
     }
     CatchInterrupts();
-    project::GpasmResult files = project::RunGpasm({.source = source,
-                                                    .processor = ProcessorName(model.name),
-                                                    .extra = assembler.passedOn,
-                                                    .isCancelled = [] { return IsInterrupted(); }});
+    project::GpasmResult files =
+        project::RunGpasm({.source = source,
+                           .processor = project::GpasmProcessor(model.name),
+                           .extra = assembler.passedOn,
+                           .isCancelled = [] { return IsInterrupted(); }});
     for (const common::Diagnostic& message : files.messages) {
         WriteStandardError(common::TextWithFile(message));
     }

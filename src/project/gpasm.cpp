@@ -141,13 +141,24 @@ void ReadResults(const fs::path& hexFile, const ProcessResult& process, std::str
     }
 }
 
+// The line in capitals, without its comment, and its first word.
+struct FirstWord {
+    std::string word;
+    std::string rest;  // without blanks
+};
+
+FirstWord FirstWordOf(std::string_view line) {
+    const std::string text = common::ToUpper(line.substr(0, line.find(';')));
+    const std::size_t begin = std::min(text.find_first_not_of(" \t"), text.size());
+    const std::size_t end = std::min(text.find_first_of(" \t", begin), text.size());
+    FirstWord first{text.substr(begin, end - begin), text.substr(end)};
+    std::erase_if(first.rest, [](char c) { return c == ' ' || c == '\t'; });
+    return first;
+}
+
 // A directive that sources for gpasm begin with.
 bool IsOfGpasm(const assembler::AsmLine& line) {
-    const std::string text = common::ToUpper(line.source.substr(0, line.source.find(';')));
-    const std::size_t begin = text.find_first_not_of(" \t");
-    const std::string word = begin == std::string::npos
-                                 ? ""
-                                 : text.substr(begin, text.find_first_of(" \t", begin) - begin);
+    const std::string word = FirstWordOf(line.source).word;
     return word == "LIST" || word == "PROCESSOR" || word == "INCLUDE" ||
            word.starts_with("#INCLUDE");
 }
@@ -198,6 +209,20 @@ GpasmResult RunGpasm(const GpasmOptions& options) {
         ReadResults(hexFile, process, printed, result);
     }
     return result;
+}
+
+std::string GpasmProcessor(std::string_view modelName) {
+    const std::string name = common::ToLower(modelName);
+    return name.starts_with("pic") ? name.substr(3) : name;
+}
+
+bool NamesProcessor(std::string_view text) {
+    return std::ranges::any_of(common::SplitLines(text), [](std::string_view line) {
+        const FirstWord first = FirstWordOf(line);
+        const bool hasProcessor =
+            first.rest.starts_with("P=") || first.rest.find(",P=") != std::string::npos;
+        return first.word == "PROCESSOR" || (first.word == "LIST" && hasProcessor);
+    });
 }
 
 bool IsWrittenForGpasm(const assembler::Assembly& assembly) {

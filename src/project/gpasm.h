@@ -38,6 +38,12 @@ GpasmResult RunGpasm(const GpasmOptions& options);
 std::vector<common::Diagnostic> ReadGpasmMessages(std::string_view printed,
                                                   const std::string& source);
 
+// "16f84a" for the PIC16F84A of a person.
+std::string GpasmProcessor(std::string_view modelName);
+
+// Whether the source says which processor it is for, by PROCESSOR or by LIST P=.
+bool NamesProcessor(std::string_view text);
+
 // Whether an assembly's source has lines of gpasm's dialect: LIST, PROCESSOR, INCLUDE, #INCLUDE.
 bool IsWrittenForGpasm(const assembler::Assembly& assembly);
 

@@ -1,14 +1,17 @@
 #include "ui/asm/assembler_window.h"
 
 #include <QAction>
+#include <QDir>
+#include <QFileInfo>
 #include <QMenu>
+#include <QSignalBlocker>
 #include <QSplitter>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "asm/line_coloring.h"
-#include "asm/listing.h"
 #include "common/text.h"
+#include "ui/asm/included_file_window.h"
 #include "ui/common/command.h"
 #include "ui/common/modal_dialog.h"
 #include "ui/common/window_placement.h"
@@ -28,6 +31,12 @@ constexpr int kInitialPosition = 640;
 constexpr std::string_view kWidth = "Width";
 constexpr std::string_view kHeight = "Height";
 constexpr std::string_view kPosition = "Position";
+
+// Without the page breaks of gpasm's listing, the last of which stands in the last line.
+std::string ListingAsShown(std::string listing) {
+    std::erase(listing, '\f');
+    return listing;
+}
 
 SourceLanguage AssemblerLanguage() {
     return {.form = [](std::string_view line) { return std::string(common::TrimRight(line)); },
@@ -53,11 +62,16 @@ AssemblerWindow::AssemblerWindow(app::Workbench& workbench, const DialogsFactory
     divider_->addWidget(output_);
     Layout().insertWidget(0, divider_, 1);
     MakeMenus();
-    connect(output_, &OutputPane::LinkFollowed, this, &AssemblerWindow::ShowSourceLine);
+    connect(output_, &OutputPane::LinkFollowed, this, &AssemblerWindow::FollowLink);
 }
 
 void AssemblerWindow::MakeMenus() {
     AddPrintCommand("menuprint2", tr("Print Output"), [this] { PrintOutput(); });
+    MakeToolsMenu();
+    MakeOptionsMenu();
+}
+
+void AssemblerWindow::MakeToolsMenu() {
     QMenu& tools = AddMenu("menu2", tr("&Tools"));
     AddCommand(tools, {"menuassemble", tr("&Assemble"), QKeySequence(Qt::Key_F7)}, *this,
                [this] { Assemble(); });
@@ -69,14 +83,24 @@ void AssemblerWindow::MakeMenus() {
         *this, [this] { output_->FollowPrevious(); });
     nextError_->setEnabled(false);
     previousError_->setEnabled(false);
+}
+
+void AssemblerWindow::MakeOptionsMenu() {
+    common::SettingsStore& store = Workbench().Settings().Store();
     QMenu& options = AddMenu("menu3", tr("&Options"));
     AddCommand(options, {"menuconfig", tr("Configuration Bits")}, *this,
                [this] { EditConfigurationBits(); });
-    const bool noColors =
-        common::ReadSwitchSetting(Workbench().Settings().Store(), app::kTurnOffColors);
+    const bool noColors = common::ReadSwitchSetting(store, app::kTurnOffColors);
     AddSwitch(options, {"menunocolors", tr("Turn Off Colors")}, noColors, *this,
               [this](bool off) { TurnColorsOff(off); });
     Editor().SetFormEnabled(!noColors);
+    options.addSeparator();
+    withGpasm_ = AddSwitch(options, {"menuwithgpasm", tr("Assemble With gpasm")},
+                           common::ReadSwitchSetting(store, app::kAssembleWithGpasm), *this,
+                           [this](bool on) { AssembleWithGpasm(on); });
+    checksProgram_ = AddSwitch(
+        options, {"menucheckprogram", tr("Check Program")}, app::ChecksProgram(store), *this,
+        [&store](bool on) { common::WriteSwitchSetting(store, app::kCheckProgram, on); });
 }
 
 void AssemblerWindow::ReadFigures() {
@@ -119,7 +143,8 @@ void AssemblerWindow::ShowProgress(std::string_view status, int line) {
 }
 
 void AssemblerWindow::Assemble() {
-    if (!IsReadyToTranslate({".lst", ".hex"})) {
+    if (!(withGpasm_->isChecked() ? IsReadyToTranslate({".lst", ".hex", ".cod"})
+                                  : IsReadyToTranslate({".lst", ".hex"}))) {
         return;
     }
     TextReplaced();
@@ -129,7 +154,8 @@ void AssemblerWindow::Assemble() {
     }
     app::AssemblyRun run;
     RunTranslation([&](const common::ProgressCallback& progress) {
-        run = app::AssembleSource(Workbench(), Dialogs(), File(), *text, progress);
+        run = app::AssembleSource(Workbench(), Dialogs(), File(), *text, progress,
+                                  [&] { return LetEventsIn(progress); });
     });
     if (IsClosing()) {
         return;
@@ -140,24 +166,52 @@ void AssemblerWindow::Assemble() {
 
 void AssemblerWindow::ShowOutput(const app::AssemblyRun& run) {
     std::vector<OutputLink> links;
-    for (const assembler::ListedError& error : assembler::ErrorsInListing(run.assembly)) {
+    for (const assembler::ListedError& error : run.listedErrors) {
         links.push_back({error.listingLine, error.sourceLine});
     }
-    std::string text = run.assembly.listing;
+    std::string text = ListingAsShown(run.listing);
     auto line = static_cast<int>(std::count(text.begin(), text.end(), '\n'));
-    for (const common::Diagnostic& warning : run.warnings) {
-        text += common::TextWithLine(warning) + "\r\n";
-        links.push_back({++line, warning.line});
+    for (const common::Diagnostic& message : run.messages) {
+        text +=
+            (message.file.empty() ? common::TextWithLine(message) : common::TextWithFile(message)) +
+            "\r\n";
+        ++line;
+        if (message.line > 0) {
+            links.push_back(LinkTo(message, line));
+        }
     }
     nextError_->setEnabled(!links.empty());
     previousError_->setEnabled(!links.empty());
     output_->ShowOutput(DecodedText(text, Encoding()), std::move(links));
     ShowResult(app::Summary(run));
+    if (run.isWrittenForGpasm) {
+        OfferCommand(tr("Written for gpasm: assemble with it"), [this] { withGpasm_->trigger(); });
+    }
 }
 
-void AssemblerWindow::ShowSourceLine(int line) {
-    Editor().GoToLine(line);
-    Editor().setFocus();
+// Included files are named as gpasm names them, from the source's folder on.
+OutputLink AssemblerWindow::LinkTo(const common::Diagnostic& message, int outputLine) const {
+    const bool isNote = message.severity == common::Severity::Note;
+    QString file;
+    if (!message.file.empty() && message.file != File().Name()) {
+        const QDir folder = QFileInfo(QString::fromStdString(File().Path())).dir();
+        file = folder.absoluteFilePath(QString::fromStdString(message.file));
+    }
+    return {outputLine, message.line, file, isNote};
+}
+
+void AssemblerWindow::FollowLink(const OutputLink& link) {
+    if (link.file.isEmpty()) {
+        Editor().GoToLine(link.sourceLine);
+        Editor().setFocus();
+        return;
+    }
+    if (const auto bytes = app::ReadFileOrInform(Dialogs(), link.file.toStdString())) {
+        if (includedFile_ == nullptr) {
+            includedFile_ = new IncludedFileWindow(this);
+        }
+        includedFile_->ShowFile(link.file, *bytes, link.sourceLine);
+    }
 }
 
 void AssemblerWindow::PrintOutput() {
@@ -174,6 +228,14 @@ void AssemblerWindow::EditConfigurationBits() {
     if (RunModal(dialog, this) == QDialog::Accepted) {
         workbench.SetConfigurationWord(dialog.Word());
     }
+}
+
+void AssemblerWindow::AssembleWithGpasm(bool on) {
+    common::SettingsStore& store = Workbench().Settings().Store();
+    common::WriteSwitchSetting(store, app::kAssembleWithGpasm, on);
+    const QSignalBlocker unchosen(checksProgram_);  // by a person
+    checksProgram_->setChecked(app::ChecksProgram(store));
+    OfferCommand({}, {});
 }
 
 void AssemblerWindow::TurnColorsOff(bool off) {

@@ -10,6 +10,8 @@ class QSplitter;
 
 namespace corvane::ui {
 
+class IncludedFileWindow;
+
 class AssemblerWindow final : public SourceWindow {
     Q_OBJECT
   public:
@@ -25,9 +27,13 @@ class AssemblerWindow final : public SourceWindow {
 
   private:
     void MakeMenus();
+    void MakeToolsMenu();
+    void MakeOptionsMenu();
     void Assemble();
     void ShowOutput(const app::AssemblyRun& run);
-    void ShowSourceLine(int line);
+    OutputLink LinkTo(const common::Diagnostic& message, int outputLine) const;
+    void FollowLink(const OutputLink& link);
+    void AssembleWithGpasm(bool on);
     void PrintOutput();
     void EditConfigurationBits();
     void TurnColorsOff(bool off);
@@ -37,6 +43,9 @@ class AssemblerWindow final : public SourceWindow {
     ProgressFrame* progressFrame_;
     QAction* nextError_ = nullptr;
     QAction* previousError_ = nullptr;
+    QAction* withGpasm_ = nullptr;
+    QAction* checksProgram_ = nullptr;
+    IncludedFileWindow* includedFile_ = nullptr;
 };
 
 }  // namespace corvane::ui

@@ -10,6 +10,8 @@ namespace corvane::ui {
 struct OutputLink {
     int outputLine;  // both count from 1
     int sourceLine;
+    QString file{};       // of the line; empty: the source itself
+    bool isNote = false;  // no mistake by itself
 };
 
 class OutputLines final : public QAbstractListModel {

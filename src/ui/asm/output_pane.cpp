@@ -94,35 +94,38 @@ const OutputLink* OutputPane::LinkAt(const QModelIndex& index) const {
 
 void OutputPane::FollowNext() {
     const std::vector<OutputLink>& links = lines_.Links();
-    if (links.empty()) {
-        return;
-    }
-    const int line = followedLine_.value_or(0);
-    const auto next = std::find_if(links.begin(), links.end(),
-                                   [=](const OutputLink& link) { return link.outputLine > line; });
-    Follow(next != links.end() ? *next : links.front());
+    FollowFirst(links.begin(), links.end(), [this](const OutputLink& link) {
+        return link.outputLine > followedLine_.value_or(0);
+    });
 }
 
 void OutputPane::FollowPrevious() {
     const std::vector<OutputLink>& links = lines_.Links();
-    if (links.empty()) {
-        return;
-    }
-    const int line = followedLine_.value_or(0);
-    const auto previous = std::find_if(links.rbegin(), links.rend(), [=](const OutputLink& link) {
-        return link.outputLine < line;
+    FollowFirst(links.rbegin(), links.rend(), [this](const OutputLink& link) {
+        return link.outputLine < followedLine_.value_or(0);
     });
-    Follow(previous != links.rend() ? *previous : links.back());
+}
+
+// The first mistake that is so, or the first one at all.
+template <typename Iterator, typename Condition>
+void OutputPane::FollowFirst(Iterator begin, Iterator end, const Condition& isWanted) {
+    const auto isMistake = [](const OutputLink& link) { return !link.isNote; };
+    const auto wanted = std::find_if(
+        begin, end, [&](const OutputLink& link) { return isMistake(link) && isWanted(link); });
+    const auto followed = wanted != end ? wanted : std::find_if(begin, end, isMistake);
+    if (followed != end) {
+        Follow(*followed);
+    }
 }
 
 void OutputPane::Follow(const OutputLink& link) {
-    const int sourceLine = link.sourceLine;
+    const OutputLink followed = link;  // whoever follows may show another output
     followedLine_ = link.outputLine;
     const QModelIndex index = lines_.index(link.outputLine - 1);
     selectionModel()->setCurrentIndex(index, QItemSelectionModel::Clear);
     scrollTo(index, PositionAtCenter);  // the source line stands above the message
     viewport()->update();
-    emit LinkFollowed(sourceLine);
+    emit LinkFollowed(followed);
 }
 
 void OutputPane::mouseMoveEvent(QMouseEvent* event) {

@@ -24,12 +24,13 @@ class OutputPane final : public QListView {
     bool IsEmpty() const { return lines_.Text().isEmpty(); }
     const QString& Text() const { return lines_.Text(); }
 
-    // The link after, or before, the one followed last; behind the last one comes the first.
+    // The link after, or before, the one followed last, notes left out; behind the last one comes
+    // the first.
     void FollowNext();
     void FollowPrevious();
 
   signals:
-    void LinkFollowed(int sourceLine);
+    void LinkFollowed(const corvane::ui::OutputLink& link);
 
   protected:
     bool event(QEvent* event) override;
@@ -44,6 +45,8 @@ class OutputPane final : public QListView {
     void CopySelection();
     const OutputLink* LinkAt(const QModelIndex& index) const;
     void Follow(const OutputLink& link);
+    template <typename Iterator, typename Condition>
+    void FollowFirst(Iterator begin, Iterator end, const Condition& isWanted);
 
     OutputLines lines_;
     QMenu* contextMenu_;  // stays with the pane, which may go while it is open

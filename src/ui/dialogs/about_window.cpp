@@ -67,6 +67,7 @@ AboutWindow::AboutWindow() {
     for (QLabel* text : {name, version, purpose, licence}) {
         texts->addWidget(text);
     }
+    texts->addStretch();
     auto* content = new QHBoxLayout;
     content->setSpacing(20);
     content->addWidget(NewIcon(), 0, Qt::AlignTop);

@@ -276,6 +276,15 @@ void SourceWindow::RunTranslation(
     SetBusy(false);
 }
 
+bool SourceWindow::LetEventsIn(const common::ProgressCallback& progress) const {
+    progress("Waiting for gpasm.", 0);
+    return isClosing_;
+}
+
+void SourceWindow::OfferCommand(const QString& caption, const std::function<void()>& run) {
+    statusLine_->OfferCommand(caption, run);
+}
+
 void SourceWindow::SetBusy(bool busy) {
     isBusy_ = busy;
     for (QAction* menu : menuBar_->actions()) {

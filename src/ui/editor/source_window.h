@@ -43,6 +43,7 @@ class SourceWindow : public SecondaryWindow, private app::EditedText {
     SourceEditor& Editor() const { return *editor_; }
     QWidget& EditorPane() const { return *editorPane_; }  // the editor with its find bar
     app::SourceFile& File() { return file_; }
+    const app::SourceFile& File() const { return file_; }
     app::Dialogs& Dialogs() const { return *dialogs_; }
     // Stands in the File menu behind what prints the source.
     void AddPrintCommand(const char* name, const QString& caption,
@@ -66,6 +67,10 @@ class SourceWindow : public SecondaryWindow, private app::EditedText {
     bool IsClosing() const { return isClosing_; }
 
     void ShowResult(const std::string& text);
+    // A command that the status line offers behind the result, until the next one; empty: none.
+    void OfferCommand(const QString& caption, const std::function<void()>& run);
+    // For a translation that waits for another program. True when it need not wait any longer.
+    bool LetEventsIn(const common::ProgressCallback& progress) const;
     TextEncoding Encoding() const { return encoding_; }
 
     // The text was replaced by another file's, or emptied, or is to be translated anew.

@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
+#include <QPushButton>
 #include <QStyle>
 
 namespace corvane::ui {
@@ -33,12 +34,21 @@ void Prepare(QLabel& label, const char* name, const QString& meaning) {
 
 }  // namespace
 
-StatusLine::StatusLine(QWidget* parent) : QWidget(parent), result_(new EndingLabel) {
+StatusLine::StatusLine(QWidget* parent)
+    : QWidget(parent), result_(new EndingLabel), offer_(new QPushButton(tr("Nothing is offered"))) {
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(6, 2, 6, 3);
     layout->setSpacing(3 * layout->spacing());
     Prepare(*result_, "statusresult", tr("Last translation"));
     layout->addWidget(result_, 1);
+    offer_->setObjectName("statusoffer");
+    offer_->setFlat(true);
+    offer_->hide();
+    connect(offer_, &QPushButton::clicked, this, [this] {
+        const std::function<void()> run = offered_;  // which may offer another
+        run();
+    });
+    layout->addWidget(offer_);
     state_ = AddLabel("statusstate", tr("State of the text"), tr("modified"));
     encoding_ = AddLabel("statusencoding", tr("Encoding"), "Latin-1");
     caret_ = AddLabel("statuscaret", tr("Caret"), tr("Line %1, Column %2").arg(9999).arg(99));
@@ -57,6 +67,15 @@ QLabel* StatusLine::AddLabel(const char* name, const QString& meaning, const QSt
 void StatusLine::ShowResult(const QString& text) {
     result_->setText(text);
     result_->update();
+    OfferCommand({}, {});
+}
+
+void StatusLine::OfferCommand(const QString& caption, const std::function<void()>& run) {
+    offered_ = run;
+    if (!caption.isEmpty()) {
+        offer_->setText(caption);
+    }
+    offer_->setVisible(!caption.isEmpty());
 }
 
 void StatusLine::ShowState(const QString& text) {

@@ -3,8 +3,10 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 
 class QLabel;
+class QPushButton;
 
 namespace corvane::ui {
 
@@ -14,6 +16,8 @@ class StatusLine final : public QWidget {
     explicit StatusLine(QWidget* parent = nullptr);
 
     void ShowResult(const QString& text);
+    // A button behind it, until the next result; an empty caption takes it away.
+    void OfferCommand(const QString& caption, const std::function<void()>& run);
     // "modified", "read-only", or nothing to say.
     void ShowState(const QString& text);
     void ShowEncoding(const QString& name);
@@ -24,6 +28,8 @@ class StatusLine final : public QWidget {
     QLabel* AddLabel(const char* name, const QString& meaning, const QString& widestText);
 
     QLabel* result_;
+    QPushButton* offer_;
+    std::function<void()> offered_;
     QLabel* state_;
     QLabel* encoding_;
     QLabel* caret_;
