@@ -4,7 +4,7 @@ _corvane_cli() {
     _init_completion -n = || return
     current=${words[cword]}
     previous=${words[cword - 1]}
-    local commands="models assemble compile format build check disassemble run"
+    local commands="models assemble compile format build check disassemble run test"
     local command="" word
     for word in "${words[@]:1:cword-1}"; do
         if [[ " $commands " == *" $word "* ]]; then
@@ -20,12 +20,12 @@ _corvane_cli() {
             mapfile -t COMPREPLY < <(compgen -W "$models" -- "${current^^}")
             return
             ;;
-        --model-dir)
+        --model-dir | --vcd-on-failure)
             _filedir -d
             return
             ;;
         -o | -l | -s | -t | --output | --listing | --stimulus | --trace | --state | --vcd | --coverage | \
-            --profile | --eeprom | --save-eeprom)
+            --profile | --eeprom | --save-eeprom | --junit)
             _filedir
             return
             ;;
@@ -43,7 +43,7 @@ _corvane_cli() {
             return
             ;;
         -n | -c | -b | --steps | --cycles | --break | --config | --clock | --*-time | --time | \
-            --until | --expect | --never | --signals)
+            --until | --expect | --never | --signals | -k | --time-limit)
             return
             ;;
     esac
@@ -65,6 +65,10 @@ _corvane_cli() {
                 --until --expect --never --strict --time --vcd --signals --coverage --profile
                 --eeprom --save-eeprom --source" \
                 '@(asm|bas|hex)'
+            ;;
+        test)
+            _corvane_cli_arguments "--model-dir --help $assembler --junit --tap -k --vcd-on-failure --coverage
+                --strict --time-limit" test
             ;;
     esac
 }

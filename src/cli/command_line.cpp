@@ -16,6 +16,7 @@
 #include "cli/option_values.h"
 #include "cli/output.h"
 #include "cli/run_command.h"
+#include "cli/test_command.h"
 
 namespace corvane::cli {
 
@@ -267,6 +268,31 @@ void AddRun(CommandLine& line) {
         RunProgram);
 }
 
+void AddTest(CommandLine& line) {
+    CLI::App& app = *line.app.add_subcommand("test", "Runs firmware tests");
+    const auto options = std::make_shared<TestOptions>();
+    app.add_option("PATH", options->paths, "Test files, .test, or folders of them")->required();
+    AddOutput(app, "--junit", options->junitFile, "Write a report as JUnit does");
+    app.add_flag("--tap", options->tap, "Answer as the Test Anything Protocol, version 13");
+    app.add_option("-k", options->nameFilter, "Only tests whose name contains this, in any case")
+        ->type_name("TEXT");
+    app.add_option("--vcd-on-failure", options->waveformFolder,
+                   "Write the waveform of each failed test into this folder")
+        ->type_name("DIR");
+    AddOutput(app, "--coverage", options->coverageFile, "Write executed lines as lcov does");
+    AddFaultsOption(app, "--strict", options->faults,
+                    "A test also fails at the first fault of the program");
+    app.add_option("--time-limit", options->timeLimit,
+                   "Simulated time that a test may take, 10 minutes by default")
+        ->type_name("DURATION");
+    AddAssembler(app, options->assembler);
+    app.add_option("--model-dir", line.model.folder, "Folder of the .cfg files")->type_name("DIR");
+    app.callback([options, &line] {
+        options->modelFolder = line.model.folder;
+        line.result = TestFirmware(*options);
+    });
+}
+
 void AddCheck(CommandLine& line) {
     AddCommand<CheckOptions>(
         line, "check", "Says what is wrong with a program without running it",
@@ -312,7 +338,7 @@ int RunCommandLine(int argc, const char* const* argv) {
     line.app.set_version_flag("--version", "");
     AddModelOptions(line.app, line.model);
     for (const auto add : {AddModels, AddAssemble, AddCompile, AddFormatCommand, AddBuild, AddCheck,
-                           AddDisassemble, AddRun}) {
+                           AddDisassemble, AddRun, AddTest}) {
         add(line);
     }
     const CommandResult result = ParseAndRun(line, argc, argv);

@@ -47,6 +47,9 @@ class Measurements {
     // Everything is 0. Call it after Start.
     void Begin(const core::ProcessorState& state, const Wanted& wanted);
 
+    // Somebody has put a call on the stack.
+    void CountCall() { ++depth_; }
+
     void CountSteps(std::int64_t steps) { steps_ += steps; }
     void AfterStep(const Step& step, const core::ProcessorState& state);
     void AfterInput(const core::ProcessorState& state) { MeasurePins(state); }

@@ -37,6 +37,7 @@ void ObservedRun::SetBreakpoints(std::span<const int> addresses) {
 }
 
 void ObservedRun::Begin() {
+    ApplyHolds();
     measurements_.Begin(processor_.state, wanted_);
     LookAgain();
 }
@@ -206,17 +207,20 @@ void ObservedRun::InputChanged() {
 }
 
 void ObservedRun::Hold(core::Pin pin, bool level) {
-    Release(pin);
     SetPin(processor_, pin, level);
-    holds_.push_back({pin, level, LevelOf(processor_.state, pin) == level});
-    LookAgain();
+    const auto held = std::find_if(holds_.begin(), holds_.end(),
+                                   [pin](const HeldPin& other) { return other.pin == pin; });
+    if (held != holds_.end()) {
+        *held = {pin, level, true};
+    } else {
+        holds_.push_back({pin, level, true});
+        LookAgain();
+    }
     InputChanged();
 }
 
 void ObservedRun::Release(core::Pin pin) {
-    std::erase_if(holds_, [pin](const HeldPin& held) {
-        return held.pin.port == pin.port && held.pin.bit == pin.bit;
-    });
+    std::erase_if(holds_, [pin](const HeldPin& held) { return held.pin == pin; });
 }
 
 void ObservedRun::ApplyHolds() {

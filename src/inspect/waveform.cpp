@@ -127,15 +127,19 @@ void Waveform::AfterInput(const Moment& moment) {
     LookAt(moment);
 }
 
+std::int64_t Waveform::TimeOf(const Moment& moment) const {
+    return clocksBefore_ + moment.processor.state.clockCycles;
+}
+
 void Waveform::LookAt(const Moment& moment) {
     for (std::size_t i = 0; i < signals_.size(); ++i) {
         const std::int64_t value = Evaluate(signals_[i].expression, moment).value;
         if (value == values_[i]) {
             continue;
         }
-        if (moment.processor.state.clockCycles != changedAt_) {
+        if (TimeOf(moment) != changedAt_) {
             WriteChanges();
-            changedAt_ = moment.processor.state.clockCycles;
+            changedAt_ = TimeOf(moment);
         }
         values_[i] = value;
         isChanged_ = true;
@@ -164,7 +168,7 @@ void Waveform::WriteValue(std::size_t signal) {
 
 void Waveform::End(const Moment& moment) {
     WriteChanges();
-    text_ += "#" + std::to_string(Picoseconds(moment.processor.state.clockCycles, clock_)) + "\n";
+    text_ += "#" + std::to_string(Picoseconds(TimeOf(moment), clock_)) + "\n";
 }
 
 std::string Waveform::TakeText() {

@@ -41,6 +41,9 @@ class Waveform final : public Observer {
     bool AfterStep(const Step& step, const Moment& moment) override;
     void AfterInput(const Moment& moment) override;
 
+    // Start has been done once more; its clock cycles are shown behind those that went by before.
+    void Restarted(std::int64_t clocksBefore) { clocksBefore_ = clocksBefore; }
+
     // The last changes and the time at which the run ends.
     void End(const Moment& moment);
 
@@ -48,6 +51,7 @@ class Waveform final : public Observer {
     std::string TakeText();
 
   private:
+    std::int64_t TimeOf(const Moment& moment) const;
     void LookAt(const Moment& moment);
     void WriteChanges();
     void WriteValue(std::size_t signal);
@@ -58,6 +62,7 @@ class Waveform final : public Observer {
     Clock clock_;
     std::vector<std::int64_t> values_;
     std::vector<std::int64_t> written_;
+    std::int64_t clocksBefore_ = 0;
     std::int64_t changedAt_ = 0;  // clock cycle of the last change
     bool isChanged_ = false;      // since what has been written
     std::string text_;

@@ -39,6 +39,10 @@ EXAMPLES = {
          "12 000A 3F 18 64 RETLW 0x3F"]),
     "indirect_addressing": (
         [], {0x0E: 136, 0x04: 0x20, 0x20: 1, 0x2F: 16}, {"clockCycles": 864}, []),
+    # high for four times DUTY cycles of 1,024
+    "pulse_width": (["-c", 4 * 1024 * 10], {0x0C: 64}, {}, []),
+    # says "Hello" at 9,600 baud and waits for the button
+    "serial_greeting": (["-c", 4 * 20_000], {}, {}, []),
     "deep_calls": (
         [], {0x0D: 8, 0x0E: 8},
         {"hardwareStack": [5] + [9] * 7, "stackPointer": 8, "clockCycles": 252}, []),
@@ -58,6 +62,7 @@ BASIC_EXAMPLES = {
     # on from 600, off below 500
     "analog_threshold": ("PIC16F877", [(["-n", n], is_on, "") for n, is_on in (
         (1900, 0), (3900, 1), (5900, 1), (7900, 0), (9900, 0), (12000, 1))]),
+    "start_counter": ("PIC16F84", [(["-n", 10000], 1, "01")]),
     "square_root_table": ("PIC16F84", [(["-n", 100000], None, "".join(
         f"{math.isqrt(100 * n):02X}" for n in range(64)))]),
 }
@@ -97,6 +102,14 @@ class Examples(CliCase):
                 self.assertEqual({m: state[m] for m in members}, members)
                 trace = self.read("trace").splitlines()
                 self.assertEqual([trace[int(line.split()[0]) - 1] for line in lines], lines)
+
+    def test_every_example_passes_its_tests(self):
+        folder = SOURCE / "examples"
+        programs = {path.stem for path in folder.iterdir() if path.suffix in (".asm", ".bas")}
+        self.assertEqual({path.stem for path in folder.glob("*.test")}, programs)
+        answer = self.cli("test", folder)
+        self.assertEqual({line[:4] for line in answer.splitlines()[:-1]}, {"ok  "}, answer)
+        self.assertGreaterEqual(len(answer.splitlines()), len(programs))
 
 
 if __name__ == "__main__":

@@ -31,14 +31,15 @@ def check(console, command_line, folder):
 
 def workflow_passes(workflow, command_line, source, folder):
     """Whether the workflow's commands succeed with this source, run as the build server runs them."""
-    commands = textwrap.dedent(workflow.split("run: |\n")[1])
+    commands = textwrap.dedent(workflow.split("run: |\n")[1].split("      - if")[0])
     (pathlib.Path(folder) / "countdown.asm").write_text(source, encoding="utf-8")
     path = f"{pathlib.Path(command_line).parent}:{os.environ['PATH']}"
     return subprocess.run(["sh", "-e", "-c", commands], cwd=folder, env={**os.environ, "PATH": path},
                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode == 0
 
 
-def check_workflow(workflow, command_line, source, folder):
+def check_workflow(workflow, command_line, source, test, folder):
+    (pathlib.Path(folder) / "countdown.test").write_text(test, encoding="utf-8")
     # Sources and whether they are sound.
     sources = {
         source: True,
@@ -61,7 +62,9 @@ def main():
     readme = pathlib.Path(sys.argv[1]).read_text(encoding="utf-8")
     command_line = str(pathlib.Path(sys.argv[2]).resolve())
     [source] = blocks(readme, "asm")
-    [workflow] = blocks(readme, "yaml")
+    [workflow, gitlab] = blocks(readme, "yaml")
+    [test] = blocks(readme, "text")
+    assert "- corvane-cli test . --junit report.xml\n" in gitlab
     [run, mistake] = blocks(readme, "console")
     assert source.splitlines()[11].split()[:2] == ["GOTO", "LOOP"], "the mistake is in line 12"
     with tempfile.TemporaryDirectory() as folder:
@@ -70,7 +73,7 @@ def main():
         good = check(run, command_line, folder)
         program.write_text(source.replace("GOTO    LOOP", "GOTO    LOP"), encoding="utf-8")
         good = check(mistake, command_line, folder) and good
-        good = check_workflow(workflow, command_line, source, folder) and good
+        good = check_workflow(workflow, command_line, source, test, folder) and good
     return 0 if good else 1
 
 
