@@ -52,12 +52,16 @@ class DifferentialTest : public testing::TestWithParam<int> {
             pair_.Edit([this](ProcessorState& state) { EditSomething(state); });
         }
         if (random_.Below(2000) == 0) {
-            pair_.EditWord((pair_.state().pc + random_.Below(8)) % model_.programWords,
-                           static_cast<std::uint16_t>(random_.Below(isa::kWordCount)));
+            EditWordNearPc();
         }
         if (random_.Below(200) == 0 || (StandsStill() && random_.Chance(50))) {
             JumpSomewhere();
         }
+    }
+
+    void EditWordNearPc() {
+        pair_.EditWord((pair_.state().pc + random_.Below(8)) % model_.programWords,
+                       static_cast<std::uint16_t>(random_.Below(isa::kWordCount)));
     }
 
     void RandomInputs() {
@@ -226,7 +230,7 @@ TEST_P(DifferentialTest, RunGivesTheStateOfItsSteps) {
 }
 
 TEST_P(DifferentialTest, LongRunsOfLoopsGiveTheStateOfTheirSteps) {
-    while (steps_ < 2 * maxSteps_) {
+    while (steps_ < 5 * maxSteps_) {
         StartRandomLoops();
         pair_.SetRepeatsLoops(random_.Chance(75));
         const int stepsOfProgram = random_.Pick(kStepsOfLoops);
@@ -237,6 +241,9 @@ TEST_P(DifferentialTest, LongRunsOfLoopsGiveTheStateOfTheirSteps) {
             ASSERT_NO_FATAL_FAILURE(
                 CompareRun(1 + random_.Below(random_.Pick(kLongestRunsOfLoops))));
             RandomEvents();
+            if (random_.Chance(3)) {
+                EditWordNearPc();
+            }
         }
     }
 }
@@ -248,7 +255,7 @@ TEST_P(DifferentialTest, DoingLoopsInOneGoChangesNothing) {
     Processor& plain = both[0];
     Processor& fast = both[1];
     plain.repeatsLoops = false;
-    while (steps_ < 100 * maxSteps_) {
+    while (steps_ < 500 * maxSteps_) {
         const std::vector<std::uint16_t> program = RandomLoops(model_, random_);
         for (Processor& processor : both) {
             FillProgramMemory(processor, program);

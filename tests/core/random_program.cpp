@@ -16,11 +16,13 @@ constexpr int kTmr0 = 0x001;
 constexpr int kPcl = 0x002;
 constexpr int kStatus = 0x003;
 constexpr int kFsr = 0x004;
-constexpr int kPortB = 0x006;
+constexpr int kPorta = 0x005;
+constexpr int kPortb = 0x006;
 constexpr int kPclath = 0x00A;
 constexpr int kIntcon = 0x00B;
 constexpr int kPir1 = 0x00C;
 constexpr int kPir2 = 0x00D;
+constexpr int kT1con = 0x010;   // or a general purpose register
 constexpr int kAdcon0 = 0x01F;  // and CMCON
 constexpr int kOptionReg = 0x081;
 constexpr int kTrisa = 0x085;
@@ -75,11 +77,15 @@ class Generator {
         PrepareLoops();
         const int start = Here();
         for (int i = random_.Below(4); i >= 0; --i) {
+            if (random_.Chance(20)) {
+                EepromWrite();
+                SelectBankOf(0);
+            }
             Loop(random_.Below(4));
             LoopFiller();
         }
         Emit(Operation::Goto, random_.Chance(90) ? start : Here());
-        return words_;
+        return InEveryOtherPage();
     }
 
   private:
@@ -374,10 +380,23 @@ class Generator {
             WriteLiteral(kAdcon0, 0x41);
         }
         SelectBankOf(0);
+        Movlw(Counter());
+        Emit(Operation::Movwf, kFsr);
         if (random_.Chance(50)) {
             Movlw(0xA0 | (random_.Byte() & 0x10));
             Emit(Operation::Movwf, kIntcon);
         }
+    }
+
+    // With another PCLATH a jump leads to the same loops, or to NOPs in front of them.
+    std::vector<std::uint16_t> InEveryOtherPage() const {
+        constexpr int kPageSize = 2048;
+        std::vector<std::uint16_t> pages;
+        for (int page = 0; page < model_.programWords; page += 2 * kPageSize) {
+            pages.resize(static_cast<std::size_t>(page));
+            pages.insert(pages.end(), words_.begin(), words_.end());
+        }
+        return pages;
     }
 
     void LoopFiller() {
@@ -385,22 +404,28 @@ class Generator {
             Operation operation;
             int operands;
         };
-        const std::array choices = {Choice{Operation::Nop, 0},
-                                    Choice{Operation::Clrwdt, 0},
-                                    Choice{Operation::Movlw, random_.Byte()},
-                                    Choice{Operation::Addlw, random_.Byte()},
-                                    Choice{Operation::Goto, Here() + 1},
-                                    Choice{Operation::Incf, (kGpr + 6) | 0x80},
-                                    Choice{Operation::Decf, (kGpr + 6) | 0x80},
-                                    Choice{Operation::Movf, Counter() | (random_.Below(2) << 7)},
-                                    Choice{Operation::Incf, Counter() | (random_.Below(2) << 7)},
-                                    Choice{Operation::Movf, kTmr0},
-                                    Choice{Operation::Movf, kPortB},
-                                    Choice{Operation::Xorwf, kPortB | 0x80},
-                                    Choice{Operation::Bsf, kPortB | (random_.Below(8) << 7)},
-                                    Choice{Operation::Bcf, kStatus},
-                                    Choice{Operation::Rlf, (kGpr + 7) | 0x80},
-                                    Choice{Operation::Incf, random_.Chance(30) ? 0x80 : 0}};
+        const std::array choices = {
+            Choice{Operation::Nop, 0},
+            Choice{Operation::Clrwdt, 0},
+            Choice{Operation::Movlw, random_.Chance(70) ? random_.Byte() : 0x55},
+            Choice{Operation::Addlw, random_.Byte()},
+            Choice{Operation::Goto, Here() + 1},
+            Choice{Operation::Incf, (kGpr + 6) | 0x80},
+            Choice{Operation::Decf, (kGpr + 6) | 0x80},
+            Choice{Operation::Movf, Counter() | (random_.Below(2) << 7)},
+            Choice{Operation::Incf, Counter() | (random_.Below(2) << 7)},
+            Choice{Operation::Movf, kTmr0},
+            Choice{Operation::Movf, kPortb},
+            Choice{Operation::Xorwf, kPortb | 0x80},
+            Choice{Operation::Bsf, kPortb | (random_.Below(8) << 7)},
+            Choice{Operation::Bcf, kStatus},
+            Choice{Operation::Rlf, (kGpr + 7) | 0x80},
+            Choice{Operation::Incf, 0x80},
+            Choice{Operation::Incf, kFsr | 0x80},
+            Choice{Operation::Incf, kT1con | 0x80},
+            Choice{Operation::Xorwf, kPorta | 0x80},
+            Choice{Operation::Xorwf, (Is87x() ? kPclath : kPortb) | 0x80},
+            Choice{Operation::Btfsc, kPortb | (random_.Below(8) << 7)}};
         const Choice choice = random_.Pick(choices);
         Emit(choice.operation, choice.operands);
     }
@@ -415,9 +440,30 @@ class Generator {
             Movlw(CountOf(depth));
             Emit(Operation::Movwf, counter);
         }
+        if (random_.Chance(25)) {
+            return LoopTestedFirst(counter, depth);
+        }
         const int start = Here();
         LoopBody(depth);
-        switch (random_.Below(6)) {
+        CountPassage(counter, high, depth);
+        Emit(Operation::Goto, start);
+    }
+
+    void LoopTestedFirst(int counter, int depth) {
+        const int start = Here();
+        Emit(Operation::Movf, counter | 0x80);
+        EmitBit(Operation::Btfsc, kStatus, 2);
+        const auto wayOut = words_.size();
+        Emit(Operation::Goto);
+        LoopBody(depth);
+        Emit(Operation::Decf, counter | 0x80);
+        Emit(Operation::Goto, start);
+        words_[wayOut] = Word(Operation::Goto, Here());
+    }
+
+    // What decides whether the way back is taken.
+    void CountPassage(int counter, int high, int depth) {
+        switch (random_.Below(9)) {
             case 0:
                 Emit(Operation::Decf, counter | 0x80);
                 EmitBit(Operation::Btfss, kStatus, 2);
@@ -436,11 +482,25 @@ class Generator {
                 Emit(Operation::Subwf, counter);
                 EmitBit(Operation::Btfss, kStatus, random_.Chance(50) ? 0 : 2);
                 break;
+            case 4:  // until it has a value, with the same W at each end
+                Emit(Operation::Incf, counter | 0x80);
+                Emit(Operation::Movf, counter);
+                Emit(Operation::Xorlw, CountOf(depth));
+                EmitBit(Operation::Btfsc, kStatus, 2);
+                Emit(Operation::Goto, Here() + 3);
+                Movlw(0);
+                break;
+            case 5:  // sixteen bits, until the high ones have a bit
+                Emit(Operation::Movf, counter | 0x80);
+                EmitBit(Operation::Btfsc, kStatus, 2);
+                Emit(Operation::Decf, high | 0x80);
+                Emit(Operation::Decf, counter | 0x80);
+                EmitBit(Operation::Btfss, high, random_.Below(8));
+                break;
             default:
                 Emit(Operation::Decfsz, counter | 0x80);
                 break;
         }
-        Emit(Operation::Goto, start);
     }
 
     void LoopBody(int depth) {
@@ -490,7 +550,7 @@ class Generator {
         } else if (kind == 3) {
             EmitBit(Operation::Btfsc, Is87x() ? kAdcon0 : kGpr + 7, 2);
         } else {
-            EmitBit(random_.Chance(50) ? Operation::Btfss : Operation::Btfsc, kPortB,
+            EmitBit(random_.Chance(50) ? Operation::Btfss : Operation::Btfsc, kPortb,
                     random_.Below(8));
         }
         Emit(Operation::Goto, start);

@@ -121,7 +121,6 @@ class Watch {
           closing_(closing),
           maxSteps_(maxSteps),
           clockDue_(processor.dispatch.clockDue),
-          stepDue_(processor.dispatch.stepDue),
           before_(processor.state) {
         UseOf(kPclath).isOther = true;
     }
@@ -145,8 +144,7 @@ class Watch {
     Processor& processor_;
     DecodedWord* closing_;
     std::int64_t maxSteps_;
-    std::int64_t clockDue_;
-    std::int64_t stepDue_;
+    std::int64_t clockDue_;  // as the watch began: reading what counts moves it
     ProcessorState before_;
     std::vector<Use> uses_;
     bool usesStack_ = false;
@@ -226,9 +224,8 @@ bool Watch::NoteUses(const DecodedWord& decoded) {
 bool Watch::SomethingHappened() const {
     const Dispatch& dispatch = processor_.dispatch;
     const ProcessorState& state = processor_.state;
-    return dispatch.attention != 0 || dispatch.clockDue != clockDue_ ||
-           dispatch.stepDue != stepDue_ || state.clockCycles >= clockDue_ ||
-           dispatch.steps + steps_ >= stepDue_ ||
+    return dispatch.attention != 0 || state.clockCycles >= clockDue_ ||
+           dispatch.steps + steps_ >= dispatch.stepDue ||
            dispatch.stopMarks[static_cast<std::size_t>(state.pc)] != 0;
 }
 
