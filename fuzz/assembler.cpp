@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "common/text.h"
 #include "require.h"
 
 namespace {
@@ -18,9 +19,10 @@ using corvane::assembler::Assembly;
 void CheckLines(const Assembly& assembly) {
     int highestAddress = -1;
     for (const AsmLine& line : assembly.lines) {
-        Require(line.source.size() <= 100 && line.label.size() <= 32 &&
-                line.mnemonic.size() <= 10 && line.operand1.size() <= 32 &&
-                line.operand2.size() <= 32 && line.errorMessage.size() <= 60);
+        Require(corvane::common::FirstCharacters(line.source, 100).size() == line.source.size());
+        Require(line.label.size() <= 32 && line.mnemonic.size() <= 10 &&
+                line.operand1.size() <= 32 && line.operand2.size() <= 32 &&
+                line.errorMessage.size() <= 60);
         Require(line.hasError == !line.errorMessage.empty());
         if (line.opcode) {
             Require(!line.hasError && *line.opcode >= 0 && *line.opcode < 0x4000);

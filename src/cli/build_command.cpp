@@ -6,27 +6,29 @@
 #include "cli/compile_command.h"
 #include "cli/diagnostics.h"
 #include "cli/output.h"
-#include "cli/source_file.h"
+#include "cli/source_input.h"
 
 namespace corvane::cli {
 
 CommandResult Build(const BuildOptions& options) {
-    AssembleOptions assembling = {
-        .model = options.model,
-        .source = options.source,
-        .hexFile = options.hexFile.empty() ? NameBeside(options.source, ".hex") : options.hexFile,
-        .listingFile = "",
-        .configurationWord = options.configurationWord,
-        .assembler = options.assembler};
-    if (const auto error = WrongKind(options.source, {FileKind::Basic, FileKind::Assembler})) {
+    AssembleOptions assembling = {.model = options.model,
+                                  .source = options.source,
+                                  .hexFile = options.hexFile.empty()
+                                                 ? project::NameBeside(options.source, ".hex")
+                                                 : options.hexFile,
+                                  .listingFile = "",
+                                  .configurationWord = options.configurationWord,
+                                  .assembler = options.assembler};
+    if (const auto error = WrongKind(
+            options.source, {project::ProgramKind::Basic, project::ProgramKind::Assembler})) {
         return WrongUsage(*error);
     }
-    if (KindOf(options.source) == FileKind::Assembler) {
+    if (project::KindOf(options.source) == project::ProgramKind::Assembler) {
         return Assemble(assembling);
     }
-    assembling.source = NameBeside(options.source, ".asm");
+    assembling.source = project::NameBeside(options.source, ".asm");
     if (const auto conflict = OutputConflict(
-            std::array{options.source, assembling.source, ModelFilePath(options.model)},
+            std::array{options.source, assembling.source, project::ModelFilePath(options.model)},
             std::array{options.hexFile})) {
         return WrongUsage(*conflict);
     }
@@ -37,7 +39,9 @@ CommandResult Build(const BuildOptions& options) {
     if (compiled.ending == Ending::Done) {
         return Assemble(assembling);
     }
-    compiled.message += RemoveOldResult(assembling.hexFile, options.source);
+    if (const auto error = RemoveOldResult(assembling.hexFile, options.source)) {
+        compiled.message += (compiled.message.empty() ? "" : "\n") + *error;
+    }
     return compiled;
 }
 

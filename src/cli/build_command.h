@@ -5,18 +5,18 @@
 #include <string>
 
 #include "cli/command_result.h"
-#include "cli/gpasm_build.h"
-#include "cli/model_files.h"
+#include "project/gpasm_build.h"
+#include "project/model_files.h"
 
 namespace corvane::cli {
 
 struct BuildOptions {
-    ModelOptions model;
+    project::ModelChoice model;
     std::string source;   // .bas or .asm
     std::string hexFile;  // empty: beside the source
     std::optional<int> configurationWord;
-    float clockFrequency = 4.0F;   // MHz
-    AssemblerOptions assembler{};  // of an .asm file
+    float clockFrequency = 4.0F;           // MHz
+    project::AssemblerChoice assembler{};  // of an .asm file
 };
 
 // Writes what compile and assemble write; an error of the first leaves the others undone.

@@ -5,10 +5,10 @@
 #include <string_view>
 #include <vector>
 
-#include "cli/checked_program.h"
 #include "cli/diagnostics.h"
 #include "cli/output.h"
-#include "cli/source_file.h"
+#include "cli/program_input.h"
+#include "cli/source_input.h"
 #include "common/diagnostic.h"
 #include "common/text.h"
 #include "project/check_messages.h"
@@ -58,7 +58,7 @@ CommandResult WriteReport(const std::vector<common::Diagnostic>& messages) {
 }  // namespace
 
 CommandResult CheckProgram(const CheckOptions& options) {
-    if (KindOf(options.program) == FileKind::Unknown) {
+    if (project::KindOf(options.program) == project::ProgramKind::Unknown) {
         return WrongUsage(ErrorText(options.program, "The name must end in .hex, .asm or .bas."));
     }
     const common::Result<RuleSet> rules = ReadRules(options.rules);
@@ -67,18 +67,18 @@ CommandResult CheckProgram(const CheckOptions& options) {
                           "'; the rules are bank, page, table, stack, runs-off, isr-context and "
                           "unreachable.");
     }
-    const common::Result<CheckedProgram, CommandResult> checked =
-        ReadCheckedProgram({.file = {options.program, std::nullopt},
-                            .model = options.model,
-                            .assembler = options.assembler,
-                            .withoutSource = options.withoutSource,
-                            .clockFrequency = options.clockFrequency});
-    if (!checked) {
-        return checked.error;
+    const common::Result<project::LoadedProgram, CommandResult> loaded =
+        LoadOrReport({.file = options.program,
+                      .model = options.model,
+                      .assembler = options.assembler,
+                      .withoutSource = options.withoutSource,
+                      .clockFrequency = options.clockFrequency});
+    if (!loaded) {
+        return loaded.error;
     }
-    const project::SourcedProgram& program = checked->program;
+    const project::SourcedProgram program = project::WithOperands(*loaded);
     return WriteReport(project::CheckMessages(
-        options.program, program, check::Check(program.program, checked->modelFile.description),
+        options.program, program, check::Check(program.program, loaded->modelFile.description),
         *rules));
 }
 

@@ -4,18 +4,18 @@
 #include <string>
 
 #include "cli/command_result.h"
-#include "cli/gpasm_build.h"
-#include "cli/model_files.h"
+#include "project/gpasm_build.h"
+#include "project/model_files.h"
 
 namespace corvane::cli {
 
 struct CheckOptions {
-    ModelOptions model;
+    project::ModelChoice model;
     std::string program;  // .hex, .asm or .bas
     std::string rules;    // names separated by commas, or "all"; empty: all that are warnings
-    AssemblerOptions assembler;   // of an .asm file
-    bool withoutSource = false;   // of a .hex file: what lies beside it is not looked at
-    float clockFrequency = 4.0F;  // MHz
+    project::AssemblerChoice assembler;  // of an .asm file
+    bool withoutSource = false;          // of a .hex file: what lies beside it is not looked at
+    float clockFrequency = 4.0F;         // MHz
 };
 
 // Writes the warnings to standard output.

@@ -44,7 +44,7 @@ int ExitStatus(Ending ending) {
     return 1;
 }
 
-void AddModelOptions(CLI::App& app, ModelOptions& model) {
+void AddModelOptions(CLI::App& app, project::ModelChoice& model) {
     app.add_option_function<std::string>(
            "-m,--model",
            [&model](const std::string& name) {
@@ -80,19 +80,20 @@ void AddClock(CLI::App& app, float& megahertz) {
     AddFrequencyOption(app, "--clock", megahertz, kClockDescription);
 }
 
-void AddFormat(CLI::App& app, std::optional<FileKind>& kind) {
+void AddFormat(CLI::App& app, std::optional<project::ProgramKind>& kind) {
     app.add_option_function<std::string>(
-           "--format", [&kind](const std::string& name) { kind = KindOf("." + name); },
+           "--format", [&kind](const std::string& name) { kind = project::KindOf("." + name); },
            "What the program is, whatever its name says")
         ->type_name("hex|asm|bas")
         ->check(CLI::IsMember({"hex", "asm", "bas"}));
 }
 
-void AddAssembler(CLI::App& app, AssemblerOptions& assembler) {
+void AddAssembler(CLI::App& app, project::AssemblerChoice& assembler) {
     app.add_option_function<std::string>(
            "--assembler",
            [&assembler](const std::string& name) {
-               assembler.kind = name == "gpasm" ? AssemblerKind::Gpasm : AssemblerKind::Corvane;
+               assembler.kind = name == "gpasm" ? project::AssemblerKind::Gpasm
+                                                : project::AssemblerKind::Corvane;
            },
            "What assembles an .asm source: Corvane itself, by default, or gpasm")
         ->type_name("corvane|gpasm")
@@ -112,7 +113,7 @@ void AddNoSource(CLI::App& app, bool& withoutSource) {
 struct CommandLine {
     CLI::App app{"Assembles, compiles, disassembles and simulates programs for PIC16 controllers.",
                  "corvane-cli"};
-    ModelOptions model;
+    project::ModelChoice model;
     CommandResult result;
 };
 
@@ -239,9 +240,9 @@ void AddRun(CommandLine& line) {
     AddCommand<RunOptions>(
         line, "run", "Simulates a program",
         [](CLI::App& app, RunOptions& options) {
-            AddSource(app, options.program.name,
+            AddSource(app, options.program,
                       "Program, or source to build first: .hex, .asm, .bas, or a pipe");
-            AddFormat(app, options.program.kind);
+            AddFormat(app, options.kind);
             AddNumberOption(app, "-n,--steps", options.limits.steps, 0, "End after N steps");
             AddNumberOption(app, "-c,--cycles", options.limits.clockCycles, 0,
                             "End once N clock cycles have passed");

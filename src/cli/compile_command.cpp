@@ -3,30 +3,35 @@
 #include <array>
 #include <optional>
 
+#include "cli/diagnostics.h"
 #include "cli/output.h"
-#include "cli/source_file.h"
-#include "cli/translation.h"
+#include "cli/source_input.h"
+#include "project/build.h"
 
 namespace corvane::cli {
 
 CommandResult Compile(const CompileOptions& options) {
-    if (const auto error = WrongKind(options.source, {FileKind::Basic})) {
+    if (const auto error = WrongKind(options.source, {project::ProgramKind::Basic})) {
         return WrongUsage(*error);
     }
-    const std::string assemblerFile =
-        options.assemblerFile.empty() ? NameBeside(options.source, ".asm") : options.assemblerFile;
-    if (const auto conflict = OutputConflict(
-            std::array{options.source, ModelFilePath(options.model)}, std::array{assemblerFile})) {
+    const std::string assemblerFile = options.assemblerFile.empty()
+                                          ? project::NameBeside(options.source, ".asm")
+                                          : options.assemblerFile;
+    if (const auto conflict =
+            OutputConflict(std::array{options.source, project::ModelFilePath(options.model)},
+                           std::array{assemblerFile})) {
         return WrongUsage(*conflict);
     }
-    const common::Result<SourceInput> input = ReadSourceInput(options.model, options.source);
+    const std::optional<SourceInput> input = ReadSourceInput(options.model, options.source);
     if (!input) {
-        return Refused(input.error);
+        return Refused("");
     }
-    const common::Result<basic::Compilation> compilation =
-        CompileText(options.source, input->text, input->modelFile, options.clockFrequency);
+    project::Messages messages;
+    const std::optional<basic::Compilation> compilation = project::CompileText(
+        options.source, input->text, input->modelFile, options.clockFrequency, messages);
+    Report(messages);
     if (!compilation) {
-        return Refused(compilation.error);
+        return Refused("");
     }
     const std::optional<std::string> error = WriteOutput(assemblerFile, compilation->assembler);
     return error ? Refused(*error) : CommandResult{};

@@ -4,12 +4,12 @@
 #include <string>
 
 #include "cli/command_result.h"
-#include "cli/model_files.h"
+#include "project/model_files.h"
 
 namespace corvane::cli {
 
 struct CompileOptions {
-    ModelOptions model;
+    project::ModelChoice model;
     std::string source;
     std::string assemblerFile;    // empty: beside the source
     float clockFrequency = 4.0F;  // MHz

@@ -17,22 +17,17 @@ std::string ErrorText(std::string_view file, std::string_view message) {
     return ErrorText(file, 0, message);
 }
 
-std::string NoteText(std::string_view file, int lineNumber, std::string_view message) {
-    return common::TextWithFile({.file = std::string(file),
-                                 .line = lineNumber,
-                                 .severity = common::Severity::Note,
-                                 .text = std::string(message)});
-}
-
-std::string WarningText(std::string_view file, int lineNumber, std::string_view message) {
-    return common::TextWithFile({.file = std::string(file),
-                                 .line = lineNumber,
-                                 .severity = common::Severity::Warning,
-                                 .text = std::string(message)});
+void Report(const project::Messages& messages) {
+    for (const common::Diagnostic& message : messages) {
+        WriteStandardError(common::TextWithFile(message));
+    }
 }
 
 void ReportWarning(std::string_view file, int lineNumber, std::string_view message) {
-    WriteStandardError(WarningText(file, lineNumber, message));
+    Report({{.file = std::string(file),
+             .line = lineNumber,
+             .severity = common::Severity::Warning,
+             .text = std::string(message)}});
 }
 
 // When standard error itself fails there is nobody left to tell.

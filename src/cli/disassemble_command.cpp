@@ -6,25 +6,27 @@
 
 #include "cli/diagnostics.h"
 #include "cli/output.h"
-#include "cli/program_file.h"
-#include "cli/source_file.h"
+#include "cli/source_input.h"
 #include "disasm/listing.h"
+#include "project/hex_file.h"
 
 namespace corvane::cli {
 
 CommandResult Disassemble(const DisassembleOptions& options) {
-    if (const auto error = WrongKind(options.program, {FileKind::Hex});
-        error && !IsOfUnnamedKind(options.program)) {
+    if (const auto error = WrongKind(options.program, {project::ProgramKind::Hex});
+        error && !project::IsOfUnnamedKind(options.program)) {
         return WrongUsage(*error);
     }
     if (const auto conflict =
             OutputConflict(std::array{options.program}, std::array{options.listingFile})) {
         return WrongUsage(*conflict);
     }
-    const common::Result<loader::Program> program =
-        ReadHexFile(options.program, *options.model.model);
+    project::Messages messages;
+    const std::optional<loader::Program> program =
+        project::ReadHexFile(options.program, *options.model.model, messages);
+    Report(messages);
     if (!program) {
-        return Refused(program.error);
+        return Refused("");
     }
     if (program->loadedWords == 0) {
         return Refused(ErrorText(options.program, "No program loaded."));

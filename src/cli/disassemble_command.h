@@ -4,12 +4,12 @@
 #include <string>
 
 #include "cli/command_result.h"
-#include "cli/model_files.h"
+#include "project/model_files.h"
 
 namespace corvane::cli {
 
 struct DisassembleOptions {
-    ModelOptions model;
+    project::ModelChoice model;
     std::string program;  // .hex
     std::string listingFile = "-";
     bool withoutOpcodes = false;

@@ -3,21 +3,24 @@
 #include <optional>
 
 #include "basic/editor_form.h"
+#include "cli/diagnostics.h"
 #include "cli/output.h"
-#include "cli/source_file.h"
+#include "cli/source_input.h"
 
 namespace corvane::cli {
 
 CommandResult Format(const FormatOptions& options) {
-    if (const auto error = WrongKind(options.source, {FileKind::Basic})) {
+    if (const auto error = WrongKind(options.source, {project::ProgramKind::Basic})) {
         return WrongUsage(*error);
     }
-    const common::Result<SourceInput> input = ReadSourceInput(options.model, options.source);
+    const std::optional<SourceInput> input = ReadSourceInput(options.model, options.source);
     if (!input) {
-        return Refused(input.error);
+        return Refused("");
     }
     const models::ModelDescription& description = input->modelFile.description;
-    ReportBadSymbolLines(input->modelFile, description.basicSymbolLines);
+    project::Messages messages;
+    project::AddBadSymbolLines(input->modelFile, description.basicSymbolLines, messages);
+    Report(messages);
     const std::string rewritten =
         basic::RewriteText(input->text, basic::EditorKeywords(description));
     const std::optional<std::string> error =

@@ -4,12 +4,12 @@
 #include <string>
 
 #include "cli/command_result.h"
-#include "cli/model_files.h"
+#include "project/model_files.h"
 
 namespace corvane::cli {
 
 struct FormatOptions {
-    ModelOptions model;
+    project::ModelChoice model;
     std::string source;
     bool inPlace = false;  // into the source file instead of standard output
 };

@@ -8,9 +8,9 @@
 #include "cli/diagnostics.h"
 #include "cli/eeprom_file.h"
 #include "cli/interrupt.h"
-#include "cli/loaded_program.h"
 #include "cli/output.h"
-#include "cli/source_file.h"
+#include "cli/program_input.h"
+#include "cli/source_input.h"
 #include "cli/state_json.h"
 #include "common/number_text.h"
 #include "common/text.h"
@@ -20,6 +20,7 @@
 #include "inspect/observed_run.h"
 #include "inspect/report.h"
 #include "isa/instruction_set.h"
+#include "project/loaded_program.h"
 #include "project/statistics.h"
 
 namespace corvane::cli {
@@ -55,17 +56,18 @@ common::Result<std::vector<std::uint8_t>> ReadEeprom(const RunOptions& options,
 // Reads the input files and loads the program.
 common::Result<Simulation, CommandResult> PrepareSimulation(const RunOptions& options) {
     using PrepareResult = common::Result<Simulation, CommandResult>;
-    common::Result<LoadedProgram, CommandResult> loaded =
-        LoadProgram({.file = options.program,
-                     .model = options.model,
-                     .assembler = options.assembler,
-                     .withoutSource = options.withoutSource,
-                     .clockFrequency = options.clockFrequency});
+    common::Result<project::LoadedProgram, CommandResult> loaded =
+        LoadOrReport({.file = options.program,
+                      .kind = options.kind,
+                      .model = options.model,
+                      .assembler = options.assembler,
+                      .withoutSource = options.withoutSource,
+                      .clockFrequency = options.clockFrequency});
     if (!loaded) {
         return PrepareResult::Failure(std::move(loaded.error));
     }
-    ModelFile& modelFile = loaded->modelFile;
-    project::Program& program = loaded->program;
+    project::ModelFile& modelFile = loaded->modelFile;
+    project::Program program = project::WithNames(*loaded);
     common::Result<std::vector<StimulusEvent>> events = ReadEvents(options, *modelFile.model);
     if (!events) {
         return PrepareResult::Failure(Refused(events.error));
@@ -76,7 +78,7 @@ common::Result<Simulation, CommandResult> PrepareSimulation(const RunOptions& op
     }
     if (!options.recordings.coverageFile.empty() && !project::HasSource(program)) {
         return PrepareResult::Failure(Refused(ErrorText(
-            options.program.name, "Coverage is told by lines, and this program has no source.")));
+            options.program, "Coverage is told by lines, and this program has no source.")));
     }
     core::Processor processor =
         core::MakeProcessor(*modelFile.model, std::move(modelFile.description));
@@ -129,13 +131,12 @@ CommandResult ResultOfRun(const RunOptions& options, const core::Processor& proc
     if (state.lastInstruction >= 0 &&
         isa::Classify(state.lastInstruction) == isa::Operation::Unrecognized) {
         return {Ending::ProgramFault,
-                ErrorText(options.program.name, UnrecognizedWordMessage(processor))};
+                ErrorText(options.program, UnrecognizedWordMessage(processor))};
     }
     if (state.pc >= processor.model->programWords) {
-        return {
-            Ending::ProgramFault,
-            ErrorText(options.program.name, "The program ran past the end of program memory, to " +
-                                                common::Hex4(state.pc) + ".")};
+        return {Ending::ProgramFault,
+                ErrorText(options.program, "The program ran past the end of program memory, to " +
+                                               common::Hex4(state.pc) + ".")};
     }
     return {};
 }
@@ -189,7 +190,7 @@ class Simulator {
           names_(*simulation.processor.model, simulation.processor.description, simulation.program),
           run_(simulation.processor),
           faults_(options.expectations.faults, names_, simulation.processor.description),
-          recordings_(options.recordings, simulation.program, options.program.name) {}
+          recordings_(options.recordings, simulation.program, options.program) {}
 
     CommandResult Simulate() {
         const inspect::Language language = {names_, options_.clock};
@@ -272,7 +273,7 @@ class Simulator {
         const inspect::Scene scene = {run_.Now(), simulation_.program, options_.clock};
         for (const std::string& failure : expectations.Failures(end, faults_, scene)) {
             result.ending = Ending::Failed;
-            AddLine(result.message, ErrorText(options_.program.name, failure));
+            AddLine(result.message, ErrorText(options_.program, failure));
         }
         return result;
     }
@@ -289,10 +290,11 @@ class Simulator {
 // What the command line says wrong, as far as it can be told without reading a file.
 std::optional<std::string> UsageError(const RunOptions& options) {
     const RecordingOptions& recordings = options.recordings;
-    const std::string& program = options.program.name;
-    if (!options.program.kind && !IsOfUnnamedKind(program)) {
+    const std::string& program = options.program;
+    if (!options.kind && !project::IsOfUnnamedKind(program)) {
         if (auto error =
-                WrongKind(program, {FileKind::Hex, FileKind::Assembler, FileKind::Basic})) {
+                WrongKind(program, {project::ProgramKind::Hex, project::ProgramKind::Assembler,
+                                    project::ProgramKind::Basic})) {
             return error;
         }
     }
@@ -304,7 +306,8 @@ std::optional<std::string> UsageError(const RunOptions& options) {
         return "corvane-cli: --until needs a limit: --steps, --cycles or --time.";
     }
     return OutputConflict(
-        std::array{program, options.stimulusFile, options.eepromFile, ModelFilePath(options.model)},
+        std::array{program, options.stimulusFile, options.eepromFile,
+                   project::ModelFilePath(options.model)},
         std::array{recordings.traceFile, options.stateFile, recordings.waveformFile,
                    recordings.coverageFile, recordings.profileFile, options.saveEepromFile});
 }

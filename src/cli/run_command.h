@@ -6,22 +6,24 @@
 
 #include "cli/command_result.h"
 #include "cli/expectations.h"
-#include "cli/gpasm_build.h"
-#include "cli/model_files.h"
-#include "cli/program_file.h"
 #include "cli/recordings.h"
 #include "cli/run_loop.h"
 #include "inspect/clock.h"
+#include "project/gpasm_build.h"
+#include "project/hex_file.h"
+#include "project/model_files.h"
+#include "project/program_kind.h"
 
 namespace corvane::cli {
 
 constexpr int kMaxBreakpoints = 10;
 
 struct RunOptions {
-    ModelOptions model;
-    ProgramFile program;         // .hex, .asm or .bas, or a pipe
-    AssemblerOptions assembler;  // of an .asm file
-    bool withoutSource = false;  // what lies beside a .hex file is not looked at
+    project::ModelChoice model;
+    std::string program;                       // .hex, .asm or .bas, or a pipe
+    std::optional<project::ProgramKind> kind;  // as the person says; else the name tells
+    project::AssemblerChoice assembler;        // of an .asm file
+    bool withoutSource = false;                // what lies beside a .hex file is not looked at
     RunLimits limits;
     std::vector<int> breakpoints;  // program addresses, kMaxBreakpoints at most
     std::string time{};            // a duration after which the run ends; empty without

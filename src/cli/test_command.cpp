@@ -10,10 +10,10 @@
 #include "cli/diagnostics.h"
 #include "cli/interrupt.h"
 #include "cli/output.h"
-#include "cli/test_files.h"
 #include "common/text.h"
 #include "inspect/coverage.h"
 #include "inspect/waveform.h"
+#include "scenario/prepared_tests.h"
 #include "scenario/report.h"
 #include "scenario/test_run.h"
 
@@ -33,6 +33,31 @@ std::string FileNameOf(std::string_view text) {
         name += isPlain ? c : '_';
     }
     return name;
+}
+
+// The test files among these paths: files as they are named, and all below a folder. The error is
+// complete.
+common::Result<std::vector<std::string>, CommandResult> FindTestFiles(
+    const std::vector<std::string>& paths) {
+    using FindResult = common::Result<std::vector<std::string>, CommandResult>;
+    std::vector<std::string> files;
+    for (const std::string& path : paths) {
+        std::error_code error;
+        if (fs::is_directory(path, error)) {
+            const auto found = scenario::TestFilesBelow(path);
+            if (!found || found->empty()) {
+                return FindResult::Failure(Refused(ErrorText(
+                    path, found ? "There is no test file (.test) in this folder." : found.error)));
+            }
+            files.insert(files.end(), found->begin(), found->end());
+        } else if (scenario::IsTestFile(path)) {
+            files.push_back(path);
+        } else {
+            return FindResult::Failure(
+                WrongUsage(ErrorText(path, "The name must end in .test, or be that of a folder.")));
+        }
+    }
+    return FindResult::Success(std::move(files));
 }
 
 class Tester {
@@ -62,19 +87,22 @@ class Tester {
 
   private:
     void RunFile(const std::string& file) {
-        const common::Result<PreparedTests> prepared =
-            PrepareTests(file, options_.modelFolder, options_.assembler);
+        project::AssemblerChoice assembler = options_.assembler;
+        assembler.isCancelled = [] { return IsInterrupted(); };
+        project::Messages messages;
+        const std::optional<scenario::PreparedTests> prepared =
+            scenario::PrepareTests(file, options_.modelFolder, assembler, messages);
+        Report(messages);
         if (!prepared) {
-            WriteStandardError(prepared.error);
             isRefused_ = true;
             return;
         }
-        const LoadedProgram& loaded = prepared->loaded;
+        const project::ModelFile& modelFile = prepared->loaded.modelFile;
         const inspect::Clock clock = prepared->setup.clock;
         const scenario::Bench bench = {.file = file,
-                                       .model = *loaded.modelFile.model,
-                                       .description = loaded.modelFile.description,
-                                       .program = loaded.program,
+                                       .model = *modelFile.model,
+                                       .description = modelFile.description,
+                                       .program = prepared->program,
                                        .setup = prepared->setup,
                                        .names = *prepared->names,
                                        .faults = options_.faults,
@@ -88,7 +116,7 @@ class Tester {
             }
         }
         if (!options_.coverageFile.empty() && !report.outcomes.empty()) {
-            coverageText_ += coverage.LcovText(loaded.program);
+            coverageText_ += coverage.LcovText(prepared->program);
         }
         reports_.push_back(std::move(report));
     }

@@ -5,16 +5,16 @@
 #include <vector>
 
 #include "cli/command_result.h"
-#include "cli/gpasm_build.h"
 #include "inspect/faults.h"
+#include "project/gpasm_build.h"
 
 namespace corvane::cli {
 
 struct TestOptions {
-    std::vector<std::string> paths;  // test files, and folders of them
-    std::string modelFolder;         // of the .cfg files; empty when they are to be found
-    AssemblerOptions assembler;      // of .asm programs
-    std::string junitFile;           // files are empty when not wanted
+    std::vector<std::string> paths;      // test files, and folders of them
+    std::string modelFolder;             // of the .cfg files; empty when they are to be found
+    project::AssemblerChoice assembler;  // of .asm programs
+    std::string junitFile;               // files are empty when not wanted
     std::string coverageFile;
     std::string waveformFolder;  // for the waveforms of failed tests
     bool tap = false;

@@ -27,6 +27,9 @@ std::string TextWithLine(const Diagnostic& diagnostic) {
 }
 
 std::string TextWithFile(const Diagnostic& diagnostic) {
+    if (diagnostic.file.empty()) {
+        return diagnostic.text;
+    }
     std::string text = diagnostic.file;
     if (diagnostic.line > 0) {
         text += ':' + std::to_string(diagnostic.line);

@@ -19,7 +19,7 @@ struct Diagnostic {
 std::string TextWithLine(const Diagnostic& diagnostic);
 
 // "FILE:LINE: warning: TEXT", the form that editors and CI systems parse; without the line when it
-// is 0.
+// is 0, and the text alone without a file.
 std::string TextWithFile(const Diagnostic& diagnostic);
 
 }  // namespace corvane::common

@@ -174,6 +174,19 @@ common::Result<Program, HexError> ReadIntelHex(std::string_view text, int progra
     return ReadResult::Success(std::move(reader.program));
 }
 
+Program ProgramOf(std::span<const std::uint16_t> words, int programWords) {
+    const auto size = static_cast<std::size_t>(programWords);
+    const std::size_t loaded = std::min(words.size(), size);
+    Program program;
+    program.words.assign(words.begin(), words.begin() + static_cast<std::ptrdiff_t>(loaded));
+    program.words.resize(size);
+    program.isWritten.assign(loaded, true);
+    program.isWritten.resize(size);
+    program.loadedWords = static_cast<int>(loaded);
+    program.skippedWords = static_cast<int>(words.size() - loaded);
+    return program;
+}
+
 std::optional<std::string> SkippedWordsMessage(const Program& program, std::string_view modelName) {
     if (program.skippedWords == 0) {
         return std::nullopt;

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,6 +27,9 @@ struct HexError {
 // Reads a file's text into a program memory of this many words. Records beyond it (configuration
 // word, ID locations, EEPROM) are skipped; reading stops at the end record or at the first error.
 common::Result<Program, HexError> ReadIntelHex(std::string_view text, int programWords);
+
+// The program of these words from address 0 on, as a file with them would give it.
+Program ProgramOf(std::span<const std::uint16_t> words, int programWords);
 
 // What is told of skipped words: "3 words at 0400 and beyond do not fit PIC16F84 and were
 // skipped.". Nothing when there are none.
