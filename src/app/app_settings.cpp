@@ -5,6 +5,7 @@
 
 #include "common/decimal_text.h"
 #include "models/catalogue.h"
+#include "models/defaults.h"
 
 namespace corvane::app {
 
@@ -20,16 +21,13 @@ constexpr std::string_view kAdConversionTime = "A/D Conversion Time";
 constexpr std::string_view kSimulationRate = "Simulation Rate";
 constexpr std::string_view kModel = "Microcontroller Model";
 
-constexpr float kDefaultClockFrequency = 4;
-constexpr int kDefaultEepromWriteTime = 1000;
-constexpr int kDefaultAdConversionTime = 100;
 constexpr int kDefaultRate = static_cast<int>(SimulationRate::Fast);
 
 float ReadClockFrequency(common::SettingsStore& store) {
     const std::string text =
-        ReadSetting(store, kClockFrequency, common::DecimalText(kDefaultClockFrequency));
+        ReadSetting(store, kClockFrequency, common::DecimalText(models::kDefaultClockFrequency));
     const auto value = static_cast<float>(common::LeadingNumber(text));
-    return value > 0 && std::isfinite(value) ? value : kDefaultClockFrequency;
+    return value > 0 && std::isfinite(value) ? value : models::kDefaultClockFrequency;
 }
 
 int ReadNumberInRange(common::SettingsStore& store, std::string_view name, int defaultValue,
@@ -59,8 +57,9 @@ AppSettings::AppSettings(common::SettingsStore& store, std::string_view applicat
       lastPath_(ReadSetting(store, kLastPath, applicationFolder)),
       savePositions_(ReadSetting(store, kSavePositions, "OFF")),
       clockFrequency_(ReadClockFrequency(store)),
-      eepromWriteTime_(ReadClockCycles(store, kEepromWriteTime, kDefaultEepromWriteTime)),
-      adConversionTime_(ReadClockCycles(store, kAdConversionTime, kDefaultAdConversionTime)),
+      eepromWriteTime_(ReadClockCycles(store, kEepromWriteTime, models::kDefaultEepromWriteTime)),
+      adConversionTime_(
+          ReadClockCycles(store, kAdConversionTime, models::kDefaultAdConversionTime)),
       rate_(static_cast<SimulationRate>(
           ReadNumberInRange(store, kSimulationRate, kDefaultRate, 1, 5))),
       modelRow_(

@@ -6,6 +6,7 @@
 #include "common/same_file.h"
 #include "common/text.h"
 #include "common/text_file.h"
+#include "project/program_kind.h"
 
 namespace corvane::app {
 
@@ -73,10 +74,6 @@ std::string NotWrittenMessage(const std::string& path, const std::string& reason
     return "File '" + path + "' could not be written.\r\n" + reason + ".";
 }
 
-std::string WithExtension(std::string_view fileName, std::string_view extension) {
-    return std::string(fileName.substr(0, fileName.find('.'))) + std::string(extension);
-}
-
 std::optional<std::string> AskSavePath(Dialogs& dialogs, AppSettings& settings,
                                        const FileKind& kind, const std::string& offeredName) {
     const std::optional<std::string> chosen = dialogs.SaveFile({.title = kind.saveTitle,
@@ -87,7 +84,8 @@ std::optional<std::string> AskSavePath(Dialogs& dialogs, AppSettings& settings,
         return std::nullopt;
     }
     settings.SetLastPathOf(*chosen);
-    std::string path = settings.LastPath() + WithExtension(FileNameOf(*chosen), kind.extension);
+    std::string path =
+        settings.LastPath() + project::NameBeside(FileNameOf(*chosen), kind.extension);
     return MayOverwrite(dialogs, path) ? std::optional(std::move(path)) : std::nullopt;
 }
 
@@ -100,7 +98,7 @@ std::string SourceFile::Name() const {
 }
 
 std::string SourceFile::PathWithExtension(std::string_view extension) const {
-    return fs::path(path_).replace_filename(WithExtension(Name(), extension)).string();
+    return project::NameBeside(path_, extension);
 }
 
 std::optional<std::string> SourceFile::Open() {

@@ -53,9 +53,6 @@ std::string NotWrittenMessage(const std::string& path, const std::string& reason
 std::optional<std::string> AskSavePath(Dialogs& dialogs, AppSettings& settings,
                                        const FileKind& kind, const std::string& offeredName = {});
 
-// The name before its first ".", with this extension behind it.
-std::string WithExtension(std::string_view fileName, std::string_view extension);
-
 // The file that a source window edits: a full path, or none yet. Its commands make the file's
 // folder Last Path, which all windows share, before they do anything else.
 class SourceFile {

@@ -8,11 +8,10 @@
 #include "app/hex_input.h"
 #include "app/source_file.h"
 #include "common/decimal_text.h"
-#include "common/text_file.h"
 #include "core/reset.h"
 #include "disasm/listing.h"
 #include "loader/intel_hex.h"
-#include "models/description.h"
+#include "project/model_files.h"
 
 namespace corvane::app {
 
@@ -71,22 +70,20 @@ bool Workbench::StartUp(std::optional<int> modelRow) {
 
 bool Workbench::ApplySelectedModel() {
     const models::Model& model = ModelOfRow(settings_.ModelRow());
-    const std::string fileName = models::DescriptionFileName(model.name);
-    const common::Result<std::string> text = common::ReadTextFile(applicationFolder_ + fileName);
-    if (!text) {
-        dialogs_->Inform("File '" + fileName +
-                         "' could not be found.\r\nThe program will now end.");
-        return false;
-    }
-    common::Result<models::ModelDescription, int> description = models::ReadModelDescription(*text);
-    if (!description) {
-        dialogs_->Inform("File '" + fileName + "' corrupted.\r\nThe program will now end.");
+    project::Messages messages;
+    std::optional<project::ModelFile> modelFile =
+        project::ReadModelFile({.model = &model, .folder = applicationFolder_}, messages);
+    if (!modelFile) {
+        const bool isCorrupted = messages.size() > 1;
+        dialogs_->Inform("File '" + models::DescriptionFileName(model.name) + "' " +
+                         (isCorrupted ? "corrupted." : "could not be found.") +
+                         "\r\nThe program will now end.");
         return false;
     }
     programPath_.clear();
     loadedWords_ = 0;
     breakpoints_.Clear();
-    processor_ = core::MakeProcessor(model, *std::move(description.value));
+    processor_ = core::MakeProcessor(model, std::move(modelFile->description));
     processor_.eepromWriteTime = settings_.EepromWriteTime();
     processor_.adConversionTime = settings_.AdConversionTime();
     configurationWord_ = model.defaultConfigurationWord;

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "cli/command_result.h"
+#include "models/defaults.h"
 #include "project/gpasm_build.h"
 #include "project/model_files.h"
 
@@ -15,8 +16,8 @@ struct BuildOptions {
     std::string source;   // .bas or .asm
     std::string hexFile;  // empty: beside the source
     std::optional<int> configurationWord;
-    float clockFrequency = 4.0F;           // MHz
-    project::AssemblerChoice assembler{};  // of an .asm file
+    float clockFrequency = models::kDefaultClockFrequency;  // MHz
+    project::AssemblerChoice assembler{};                   // of an .asm file
 };
 
 // Writes what compile and assemble write; an error of the first leaves the others undone.

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "cli/command_result.h"
+#include "models/defaults.h"
 #include "project/gpasm_build.h"
 #include "project/model_files.h"
 
@@ -15,7 +16,7 @@ struct CheckOptions {
     std::string rules;    // names separated by commas, or "all"; empty: all that are warnings
     project::AssemblerChoice assembler;  // of an .asm file
     bool withoutSource = false;          // of a .hex file: what lies beside it is not looked at
-    float clockFrequency = 4.0F;         // MHz
+    float clockFrequency = models::kDefaultClockFrequency;  // MHz
 };
 
 // Writes the warnings to standard output.

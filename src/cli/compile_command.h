@@ -4,6 +4,7 @@
 #include <string>
 
 #include "cli/command_result.h"
+#include "models/defaults.h"
 #include "project/model_files.h"
 
 namespace corvane::cli {
@@ -11,8 +12,8 @@ namespace corvane::cli {
 struct CompileOptions {
     project::ModelChoice model;
     std::string source;
-    std::string assemblerFile;    // empty: beside the source
-    float clockFrequency = 4.0F;  // MHz
+    std::string assemblerFile;                              // empty: beside the source
+    float clockFrequency = models::kDefaultClockFrequency;  // MHz
 };
 
 // An error changes no file.

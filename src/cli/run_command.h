@@ -9,6 +9,7 @@
 #include "cli/recordings.h"
 #include "cli/run_loop.h"
 #include "inspect/clock.h"
+#include "models/defaults.h"
 #include "project/gpasm_build.h"
 #include "project/hex_file.h"
 #include "project/model_files.h"
@@ -31,13 +32,13 @@ struct RunOptions {
     RecordingOptions recordings{};
     std::string stimulusFile{};  // files are empty when not wanted
     std::string stateFile{};
-    std::string eepromFile{};      // its content before the first step
-    std::string saveEepromFile{};  // its content at the end
-    bool quiet = false;            // without the statistics message
-    float clockFrequency = 4.0F;   // MHz
-    inspect::Clock clock{};        // the same, exactly
-    int eepromWriteTime = 1000;    // clock cycles
-    int adConversionTime = 100;    // clock cycles
+    std::string eepromFile{};                                 // its content before the first step
+    std::string saveEepromFile{};                             // its content at the end
+    bool quiet = false;                                       // without the statistics message
+    float clockFrequency = models::kDefaultClockFrequency;    // MHz
+    inspect::Clock clock{};                                   // the same, exactly
+    int eepromWriteTime = models::kDefaultEepromWriteTime;    // clock cycles
+    int adConversionTime = models::kDefaultAdConversionTime;  // clock cycles
 };
 
 // Writes all results also when an expectation fails or Ctrl-C ends the run.

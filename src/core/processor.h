@@ -8,6 +8,7 @@
 #include "core/dispatch.h"
 #include "core/processor_state.h"
 #include "models/catalogue.h"
+#include "models/defaults.h"
 #include "models/description.h"
 
 namespace corvane::core {
@@ -17,8 +18,8 @@ struct Processor {
     const models::FamilyTraits* traits;  // of the model
     models::ModelDescription description;
     std::vector<const Peripheral*> peripherals;
-    int eepromWriteTime = 1000;                                       // clock cycles
-    int adConversionTime = 100;                                       // clock cycles
+    int eepromWriteTime = models::kDefaultEepromWriteTime;            // clock cycles
+    int adConversionTime = models::kDefaultAdConversionTime;          // clock cycles
     std::array<std::uint16_t, kProgramCounterRange> programMemory{};  // 0 beyond the model's size
     bool repeatsLoops = true;  // passages of waiting loops in one go: slower without, else the same
     ProcessorState state;

@@ -35,6 +35,8 @@ struct GpasmBuild {
     std::optional<GpasmProgram> program;  // nothing when it failed
 };
 
+// The processor is the chosen model's, else the one that the source names. The messages are those
+// of gpasm and what else is to be told.
 GpasmBuild BuildWithGpasm(const std::string& source, const ModelChoice& model,
                           const AssemblerChoice& assembler, Messages& messages);
 

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "models/defaults.h"
 #include "project/build.h"
 #include "project/cod_file.h"
 #include "project/gpasm_build.h"
@@ -23,7 +24,7 @@ struct ProgramSource {
     ModelChoice model{};
     AssemblerChoice assembler{};  // of an .asm file
     bool withoutSource = false;   // what lies beside a .hex file is not looked at
-    float clockFrequency = 4.0F;  // MHz, for which BASIC is compiled
+    float clockFrequency = models::kDefaultClockFrequency;  // MHz, for which BASIC is compiled
 };
 
 // What has made a program's words: a source, or the .cod file that leads to the sources.

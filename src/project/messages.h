@@ -12,6 +12,7 @@ namespace corvane::project {
 
 using Messages = std::vector<common::Diagnostic>;
 
+// Adds a message at the end.
 inline void Add(Messages& messages, common::Severity severity, std::string file, int line,
                 std::string text) {
     messages.push_back(
@@ -23,6 +24,7 @@ inline void AddError(Messages& messages, std::string file, int line, std::string
     Add(messages, common::Severity::Error, std::move(file), line, std::move(text));
 }
 
+// The same for a warning.
 inline void AddWarning(Messages& messages, std::string file, int line, std::string text) {
     Add(messages, common::Severity::Warning, std::move(file), line, std::move(text));
 }

@@ -30,6 +30,7 @@ std::string ModelFolder();
 // The path of the model's description file; empty when there is none.
 std::string ModelFilePath(const ModelChoice& choice);
 
+// A file that is there and corrupted gives two messages, the second with its line.
 std::optional<ModelFile> ReadModelFile(const ModelChoice& choice, Messages& messages);
 
 // Warns of the lines that the readers of predefined symbols have skipped.

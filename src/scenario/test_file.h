@@ -10,6 +10,7 @@
 #include "common/result.h"
 #include "inspect/clock.h"
 #include "models/catalogue.h"
+#include "models/defaults.h"
 #include "scenario/line_reader.h"
 
 namespace corvane::scenario {
@@ -30,11 +31,11 @@ struct Setup {
     std::string program{};  // as written: a path from the test file's folder
     int programLine = 0;
     std::optional<models::NamedModel> model{};
-    std::string modelName{};      // as written
-    float clockFrequency = 4.0F;  // MHz
-    inspect::Clock clock{};       // the same, exactly
-    int eepromWriteTime = 1000;   // clock cycles
-    int adConversionTime = 100;   // clock cycles
+    std::string modelName{};                                  // as written
+    float clockFrequency = models::kDefaultClockFrequency;    // MHz
+    inspect::Clock clock{};                                   // the same, exactly
+    int eepromWriteTime = models::kDefaultEepromWriteTime;    // clock cycles
+    int adConversionTime = models::kDefaultAdConversionTime;  // clock cycles
     std::vector<EepromByte> eeprom{};
 };
 

@@ -11,6 +11,7 @@
 
 #include "asm/line_coloring.h"
 #include "common/text.h"
+#include "project/program_kind.h"
 #include "ui/asm/included_file_window.h"
 #include "ui/common/command.h"
 #include "ui/common/modal_dialog.h"
@@ -217,7 +218,7 @@ void AssemblerWindow::FollowLink(const OutputLink& link) {
 void AssemblerWindow::PrintOutput() {
     if (File().IsReady(output_->IsEmpty())) {
         File().EnterFolder();
-        Print(QString::fromStdString(app::WithExtension(File().Name(), ".lst")), output_->Text(),
+        Print(QString::fromStdString(project::NameBeside(File().Name(), ".lst")), output_->Text(),
               output_->font());
     }
 }

@@ -12,12 +12,13 @@
 #include <string_view>
 
 #include "models/catalogue.h"
+#include "project/model_files.h"
 #include "ui/common/application_icon.h"
 #include "ui/common/ini_settings_store.h"
 #include "ui/common/qt_dialogs.h"
-#include "ui/main/application_folder.h"
 #include "ui/main/desktop.h"
 #include "ui/main/instance_lock.h"
+#include "ui/main/recovery_folder.h"
 
 namespace {
 
@@ -103,7 +104,7 @@ int main(int argc, char* argv[]) {
     corvane::ui::IniSettingsStore store(corvane::ui::IniSettingsStore::UserPath());
     corvane::app::SystemClock clock;
     corvane::ui::Desktop desktop(
-        {corvane::ui::ApplicationFolder(), corvane::ui::RecoveryFolder()}, store, clock,
+        {corvane::project::ModelFolder() + "/", corvane::ui::RecoveryFolder()}, store, clock,
         [](QWidget& window) { return std::make_unique<corvane::ui::QtDialogs>(window); });
     if (!desktop.StartUp(options.modelRow)) {
         return EXIT_FAILURE;
