@@ -1,5 +1,7 @@
 #include "inspect/measurements.h"
 
+#include <algorithm>
+
 #include "isa/instruction_set.h"
 
 namespace corvane::inspect {
@@ -26,6 +28,7 @@ void Measurements::Begin(const core::ProcessorState& state, const Wanted& wanted
     depth_ = 0;
     counts_.assign(wanted.counts.any() ? core::kProgramCounterRange : 0, 0);
     wanted_ = wanted;
+    measuresPins_ = std::ranges::any_of(wanted.pins, [](int pins) { return pins != 0; });
     levels_ = state.portValues;
     pins_ = {};
 }
@@ -41,7 +44,9 @@ void Measurements::AfterStep(const Step& step, const core::ProcessorState& state
             ++counts_[address];
         }
     }
-    MeasurePins(state);
+    if (measuresPins_) {
+        MeasurePins(state);
+    }
 }
 
 void Measurements::MeasurePins(const core::ProcessorState& state) {

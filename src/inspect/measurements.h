@@ -69,6 +69,7 @@ class Measurements {
     std::array<std::array<PinTimes, 8>, core::kPortCount> pins_{};
     std::array<std::uint8_t, core::kPortCount> levels_{};
     Wanted wanted_;
+    bool measuresPins_ = false;
 };
 
 }  // namespace corvane::inspect

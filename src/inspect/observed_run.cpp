@@ -155,11 +155,15 @@ Step ObservedRun::BeginStep() const {
 }
 
 std::optional<Pause> ObservedRun::LookAtStep(const Step& step) {
-    ApplyHolds();
+    if (!holds_.empty()) {
+        ApplyHolds();
+    }
     measurements_.AfterStep(step, processor_.state);
     std::optional<Pause> pause = PauseAfterStep();
-    const std::optional<Pause> failed = TestConditions(step);
-    pause = failed ? failed : pause;
+    if (!conditions_.empty()) {
+        const std::optional<Pause> failed = TestConditions(step);
+        pause = failed ? failed : pause;
+    }
     for (std::size_t i = 0; i < observers_.size(); ++i) {
         if (observers_[i]->AfterStep(step, Now()) &&
             !(pause && pause->reason == PauseReason::Observer)) {

@@ -22,16 +22,10 @@ bool IsAsking(const ProcessorState& state, const models::InterruptSource& source
 
 }  // namespace
 
-bool EnabledSourceAsks(const Processor& processor) {
-    const ProcessorState& state = processor.state;
-    const std::uint8_t intcon = state.dataMemory[kIntcon];
-    // RBIF, INTF and T0IF stand three bits below their enable bits.
-    if ((intcon & (intcon >> 3) & intcon::kCoreFlags) != 0) {
-        return true;
-    }
-    return AnySet(intcon, intcon::kPeie) &&
-           std::ranges::any_of(processor.traits->interruptSources,
-                               [&state](const auto& source) { return IsAsking(state, source); });
+bool EnabledPeripheralAsks(const Processor& processor) {
+    return std::ranges::any_of(
+        processor.traits->interruptSources,
+        [&state = processor.state](const auto& source) { return IsAsking(state, source); });
 }
 
 void EnterInterrupt(Processor& processor) {

@@ -7,13 +7,19 @@
 
 namespace corvane::core {
 
-// True when a source asks for an interrupt that its enable bit lets through; GIE is set.
-bool EnabledSourceAsks(const Processor& processor);
+// True when a peripheral asks for an interrupt that its enable bit lets through, GIE and PEIE being
+// set.
+bool EnabledPeripheralAsks(const Processor& processor);
 
 // True when an enabled source asks for an interrupt and GIE is set.
 inline bool InterruptPending(const Processor& processor) {
-    return AnySet(processor.state.dataMemory[kIntcon], intcon::kGie) &&
-           EnabledSourceAsks(processor);
+    const std::uint8_t intcon = processor.state.dataMemory[kIntcon];
+    if (!AnySet(intcon, intcon::kGie)) {
+        return false;
+    }
+    // RBIF, INTF and T0IF stand three bits below their enable bits.
+    return (intcon & (intcon >> 3) & intcon::kCoreFlags) != 0 ||
+           (AnySet(intcon, intcon::kPeie) && EnabledPeripheralAsks(processor));
 }
 
 // Clears GIE, pushes pc, continues at 0004h. Costs one instruction cycle; clears no flag.
