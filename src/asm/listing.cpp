@@ -13,6 +13,7 @@ namespace {
 constexpr std::string_view kRule = "---------------------------------------------\r\n";
 constexpr int kHeadingLines = 4;
 constexpr std::string_view kGap = "    ";
+constexpr std::string_view kErrorMark = " Error: ";
 constexpr std::size_t kDigits = 4;  // of a number, an address and a word
 constexpr std::size_t kMessageWidth = 60;
 
@@ -35,16 +36,31 @@ void AppendLine(std::string& text, const std::string& number, const AsmLine& lin
 
 void AppendError(std::string& text, const std::string& number, std::string_view message) {
     text += number;
-    text += " Error: ";
+    text += kErrorMark;
     text += message.substr(0, kMessageWidth);
     text.append(kMessageWidth - std::min(message.size(), kMessageWidth), ' ');
     text += "\r\n";
 }
 
+// No shorter than the listing. A text that grows by itself holds up to twice what it needs.
+std::size_t LongestListing(const Assembly& assembly) {
+    constexpr std::size_t kHeadingAndEnd = 5 * kRule.size();
+    constexpr std::size_t kLineEnd = 2;
+    constexpr std::size_t kFields = 3 * (kDigits + kGap.size()) + kLineEnd;
+    constexpr std::size_t kErrorLine = kDigits + kErrorMark.size() + kMessageWidth + kLineEnd;
+    std::size_t length = kHeadingAndEnd;
+    for (const AsmLine& line : assembly.lines) {
+        length += kFields + line.source.size() + (line.hasError ? kErrorLine : 0);
+    }
+    return length;
+}
+
 }  // namespace
 
 std::string ListingText(const Assembly& assembly) {
-    std::string text(kRule);
+    std::string text;
+    text.reserve(LongestListing(assembly));
+    text += kRule;
     text += "PIC ASSEMBLER LISTING\r\n";
     text += "Line    Address Opcode  Instruction\r\n";
     text += kRule;
