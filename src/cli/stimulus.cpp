@@ -5,7 +5,7 @@
 
 #include "cli/diagnostics.h"
 #include "common/text.h"
-#include "inspect/observed_run.h"
+#include "core/pins.h"
 
 namespace corvane::cli {
 
@@ -117,18 +117,6 @@ common::Result<std::vector<StimulusEvent>> ReadStimulus(const std::string& file,
         events.push_back(*event);
     }
     return ReadResult::Success(std::move(events));
-}
-
-void Apply(const StimulusEvent& event, core::Processor& processor) {
-    if (event.action == StimulusAction::Analog) {
-        core::SetAnalogValue(processor, event.channel, event.value);
-        return;
-    }
-    if (event.action == StimulusAction::Toggle) {
-        core::TogglePin(processor, event.pin, true);
-    } else {
-        inspect::SetPin(processor, event.pin, event.value == 1);
-    }
 }
 
 }  // namespace corvane::cli

@@ -46,6 +46,10 @@ class FaultFinder final : public Observer {
   public:
     FaultFinder(FaultSet kinds, const Names& names, const models::ModelDescription& description);
 
+    // What is looked for from now on; Begin is to follow.
+    void SetKinds(FaultSet kinds) { kinds_ = kinds; }
+    FaultSet Kinds() const { return kinds_; }
+
     // After Start: nothing is on the stack and no RAM written.
     void Begin();
 

@@ -163,20 +163,25 @@ Look LookAtChanges(std::span<const Quantity> quantities, const Chip& chip) {
 Look LookToMeasure(std::span<const Quantity> quantities, const Chip& chip) {
     Look look;
     for (const Quantity& quantity : quantities) {
-        switch (quantity.kind) {
-            case QuantityKind::Depth:
-            case QuantityKind::PinHigh:
-            case QuantityKind::PinLow:
-            case QuantityKind::PinPeriod:
-            case QuantityKind::PinEdges:
-            case QuantityKind::Count:
-                AddQuantity(quantity, chip, look);
-                break;
-            default:
-                break;
+        if (IsMeasured(quantity)) {
+            AddQuantity(quantity, chip, look);
         }
     }
     return look;
+}
+
+bool IsMeasured(const Quantity& quantity) {
+    switch (quantity.kind) {
+        case QuantityKind::Depth:
+        case QuantityKind::PinHigh:
+        case QuantityKind::PinLow:
+        case QuantityKind::PinPeriod:
+        case QuantityKind::PinEdges:
+        case QuantityKind::Count:
+            return true;
+        default:
+            return false;
+    }
 }
 
 void AddWanted(std::span<const Quantity> quantities, Wanted& wanted) {

@@ -33,6 +33,9 @@ Look LookAtChanges(std::span<const Quantity> quantities, const Chip& chip);
 // The steps that count for those of these that are measured; the others need none.
 Look LookToMeasure(std::span<const Quantity> quantities, const Chip& chip);
 
+// Whether it is measured, and not just looked up in the chip.
+bool IsMeasured(const Quantity& quantity);
+
 // What Measurements must be asked for, so that these can be told.
 void AddWanted(std::span<const Quantity> quantities, Wanted& wanted);
 

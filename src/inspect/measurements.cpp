@@ -26,7 +26,7 @@ int DepthChange(int word) {
 void Measurements::Begin(const core::ProcessorState& state, const Wanted& wanted) {
     steps_ = 0;
     depth_ = 0;
-    counts_.assign(wanted.counts.any() ? core::kProgramCounterRange : 0, 0);
+    counts_.clear();
     wanted_ = wanted;
     measuresPins_ = std::ranges::any_of(wanted.pins, [](int pins) { return pins != 0; });
     levels_ = state.portValues;
@@ -39,9 +39,8 @@ void Measurements::AfterStep(const Step& step, const core::ProcessorState& state
         ++depth_;
     } else {
         depth_ += DepthChange(step.word);
-        const auto address = static_cast<std::size_t>(step.address);
-        if (!counts_.empty() && wanted_.counts[address]) {
-            ++counts_[address];
+        if (wanted_.counts[static_cast<std::size_t>(step.address)]) {
+            ++counts_[step.address];
         }
     }
     if (measuresPins_) {
@@ -72,6 +71,11 @@ void Measurements::MeasureEdge(PinTimes& pin, bool isRising, std::int64_t now) {
         pin.high = pin.lastRise != 0 ? now - pin.lastRise : 0;
         pin.lastFall = now;
     }
+}
+
+std::int64_t Measurements::CountOf(int address) const {
+    const auto count = counts_.find(address);
+    return count == counts_.end() ? 0 : count->second;
 }
 
 const PinTimes& Measurements::TimesOf(core::Pin pin) const {

@@ -5,7 +5,7 @@
 #include <bitset>
 #include <cstddef>
 #include <cstdint>
-#include <vector>
+#include <map>
 
 #include "core/pins.h"
 #include "core/processor.h"
@@ -56,7 +56,7 @@ class Measurements {
 
     std::int64_t Steps() const { return steps_; }
     std::int64_t Depth() const { return depth_; }
-    std::int64_t CountOf(int address) const { return counts_[static_cast<std::size_t>(address)]; }
+    std::int64_t CountOf(int address) const;
     const PinTimes& TimesOf(core::Pin pin) const;
 
   private:
@@ -64,8 +64,8 @@ class Measurements {
     static void MeasureEdge(PinTimes& pin, bool isRising, std::int64_t now);
 
     std::int64_t steps_ = 0;
-    std::int64_t depth_ = 0;  // calls and interrupt entries less returns
-    std::vector<std::int64_t> counts_;
+    std::int64_t depth_ = 0;              // calls and interrupt entries less returns
+    std::map<int, std::int64_t> counts_;  // by address; few, so that a snapshot stays small
     std::array<std::array<PinTimes, 8>, core::kPortCount> pins_{};
     std::array<std::uint8_t, core::kPortCount> levels_{};
     Wanted wanted_;

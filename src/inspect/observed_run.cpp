@@ -42,6 +42,13 @@ void ObservedRun::Begin() {
     LookAgain();
 }
 
+void ObservedRun::Resume(const RunSnapshot& snapshot) {
+    processor_.state = snapshot.state;
+    core::StateChanged(processor_);
+    measurements_ = snapshot.measurements;
+    LookAgain();
+}
+
 void ObservedRun::SetConditions(std::vector<Condition> conditions) {
     conditions_.clear();
     for (Condition& condition : conditions) {

@@ -45,6 +45,12 @@ struct Pause {
     const char* error = nullptr;  // of a condition without value
 };
 
+// A moment that a run can be brought back to.
+struct RunSnapshot {
+    core::ProcessorState state;
+    Measurements measurements;
+};
+
 class ObservedRun {
   public:
     // The processor holds its program already and outlives the run.
@@ -57,6 +63,9 @@ class ObservedRun {
 
     // After Start: nothing has been executed and nothing measured.
     void Begin();
+
+    // The same with a run that has come to this moment. Nothing is held.
+    void Resume(const RunSnapshot& snapshot);
 
     // Conditions are tested in this order. All that their expressions measure must be wanted.
     void SetConditions(std::vector<Condition> conditions);

@@ -34,6 +34,8 @@ struct Quantity {
     QuantityKind kind;
     int place = 0;   // cell, program or EEPROM address, stack level, or the pin's port
     int second = 0;  // the second cell of a pair; the bit of CellBit and of a pin
+
+    bool operator==(const Quantity&) const = default;
 };
 
 // A place that is worked out while the program runs.

@@ -1,0 +1,215 @@
+// Going back must be exact: every position of a history is compared with a plain run that only ever
+// goes forward and keeps what it was at each step.
+#include "inspect/history.h"
+
+#include <gtest/gtest.h>
+
+#include "core/execution.h"
+#include "core/random_program.h"
+#include "core/reset.h"
+#include "shipped_files.h"
+
+namespace corvane::inspect {
+namespace {
+
+constexpr std::int64_t kSteps = 2000;
+// The first makes snapshots rarer with their distance, the second keeps them all.
+constexpr HistoryDensity kDense = {.spacing = 8, .mostSnapshots = 230};
+constexpr HistoryDensity kSparse = {.spacing = 64, .mostSnapshots = 230};
+
+using Events = std::vector<StimulusEvent>;
+
+StimulusEvent RandomEvent(std::int64_t step, const models::Model& model, core::Random& random) {
+    const int channels = models::TraitsOf(model.family).analogChannels;
+    if (channels > 0 && random.Chance(20)) {
+        return {step, StimulusAction::Analog, {}, random.Below(channels), random.Below(500)};
+    }
+    const core::Pin pin = {random.Below(2), random.Below(5)};
+    return random.Chance(50) ? StimulusEvent{step, StimulusAction::Toggle, pin, 0, 0}
+                             : StimulusEvent{step, StimulusAction::Set, pin, 0, random.Below(2)};
+}
+
+Events RandomEvents(const models::Model& model, core::Random& random) {
+    Events events;
+    for (std::int64_t step = random.Below(60); step < kSteps; step += random.Below(120)) {
+        events.push_back(RandomEvent(step, model, random));
+    }
+    return events;
+}
+
+std::string RandomName(core::Random& random) {
+    return random.Pick(std::vector<std::string>{
+        "W", "PORTB", "RB0", "RA1", "STATUS.Z", "FSR", "INTCON", "stack[3]", "eeprom[2]", "DEPTH",
+        "ram[0x20]", "edges(RB0)", "period(RA1)", "count(5)", "TMR0", "PCLATH"});
+}
+
+// A run that only goes forward, one step after the other.
+struct PlainRun {
+    std::vector<core::ProcessorState> states{};  // by position
+    std::vector<std::int64_t> values{};
+    std::vector<bool> changes{};  // whether the value changed at the position
+};
+
+PlainRun RunPlainly(core::Processor processor, const Events& events, const Expression& expression) {
+    ObservedRun run(processor);
+    run.Want(expression.quantities);
+    run.Begin();
+    PlainRun plain;
+    std::int64_t value = Evaluate(expression, run.Now()).value;
+    const auto hasChanged = [&] {
+        const std::int64_t before = std::exchange(value, Evaluate(expression, run.Now()).value);
+        return value != before;
+    };
+    auto event = events.begin();
+    while (true) {
+        bool changed = hasChanged();
+        for (; event != events.end() && event->step == run.Steps(); ++event) {
+            Apply(*event, processor);
+            run.InputChanged();
+            changed = hasChanged() || changed;
+        }
+        plain.states.push_back(processor.state);
+        plain.values.push_back(value);
+        plain.changes.push_back(changed);
+        if (processor.state.stopRequested || run.Steps() == kSteps) {
+            return plain;
+        }
+        run.Advance(1);
+    }
+}
+
+std::optional<std::int64_t> LastChange(const PlainRun& plain, std::int64_t before) {
+    for (std::int64_t position = before - 1; position > 0; --position) {
+        if (plain.changes[static_cast<std::size_t>(position)]) {
+            return position;
+        }
+    }
+    return std::nullopt;
+}
+
+// A random program and what is looked at in it.
+struct Scene {
+    const models::Model& model;
+    core::Processor processor;
+    Names names;
+    Expression expression;
+    FaultFinder faults;
+
+    explicit Scene(core::Random& random)
+        : model(random.Pick(models::kModelCatalogue)),
+          processor(core::MakeProcessor(model, DescriptionOf(model))),
+          names(model, processor.description, {}),
+          expression(*ParseExpression(RandomName(random), {names, {}})),
+          faults(random.Chance(30) ? FaultSet(31) : FaultSet(), names, processor.description) {
+        core::FillProgramMemory(processor, random.Chance(70) ? core::RandomProgram(model, random)
+                                                             : core::RandomLoops(model, random));
+        core::StartSimulation(processor);
+    }
+};
+
+void ExpectAt(const History& history, const PlainRun& plain, const Expression& expression) {
+    const auto position = static_cast<std::size_t>(history.Position());
+    ASSERT_EQ(history.Now().processor.state, plain.states[position]) << position;
+    ASSERT_EQ(Evaluate(expression, history.Now()).value, plain.values[position])
+        << expression.text << " at " << position;
+}
+
+// Goes to random positions; returns how many last changes were found.
+int WanderAbout(History& history, const PlainRun& plain, const Expression& expression,
+                core::Random& random) {
+    const int last = static_cast<int>(plain.states.size()) - 1;
+    int found = 0;
+    for (int i = 0; i < 28 && !testing::Test::HasFatalFailure(); ++i) {
+        const int position = random.Chance(30) && history.Position() > 0
+                                 ? static_cast<int>(history.Position()) - 1
+                                 : random.Below(last + 1);
+        EXPECT_EQ(history.GoTo(position), PlayEnd::Reached);
+        EXPECT_EQ(history.Position(), position);
+        ExpectAt(history, plain, expression);
+        if (i % 3 != 0) {
+            continue;
+        }
+        ChangeLookout lookout(expression);
+        const std::optional<std::int64_t> change = history.FindPrevious(lookout);
+        EXPECT_EQ(change, LastChange(plain, position)) << expression.text << " at " << position;
+        found += change ? 1 : 0;
+        ExpectAt(history, plain, expression);
+        const std::optional<int> address = history.AddressOfLastStep();
+        if (address) {
+            EXPECT_EQ(*address, plain.states[static_cast<std::size_t>(position - 1)].pc);
+        }
+        ExpectAt(history, plain, expression);
+    }
+    EXPECT_LE(history.SnapshotCount(), kDense.mostSnapshots);
+    return found;
+}
+
+TEST(AHistory, GivesEveryPositionBackAsItWas) {
+    core::Random random(14);
+    int found = 0;
+    int programs = 0;
+    for (; programs < 200 && !HasFatalFailure(); ++programs) {
+        Scene scene(random);
+        const core::Processor started = scene.processor;
+        Events scripted = RandomEvents(scene.model, random);
+        PlainRun plain = RunPlainly(started, scripted, scene.expression);
+        History history(scene.processor, scene.faults, {.steps = kSteps, .clockCycles = {}},
+                        random.Chance(20) ? kDense : kSparse);
+        history.Begin(scripted);
+        if (random.Chance(50)) {
+            history.Want(scene.expression.quantities);
+        }
+        const PlayEnd end = history.GoTo(kSteps + 1);
+        ASSERT_EQ(end, plain.states.size() == kSteps + 1 && !plain.states.back().stopRequested
+                           ? PlayEnd::Limit
+                           : PlayEnd::Ended);
+        ASSERT_EQ(history.Last() + 1, static_cast<std::int64_t>(plain.states.size()));
+        history.Want(scene.expression.quantities);
+        found += WanderAbout(history, plain, scene.expression, random);
+
+        // Another future from the present position.
+        const StimulusEvent made = RandomEvent(history.Position(), scene.model, random);
+        const bool isPast = history.Position() < history.Last();
+        const History::EventEffect effect = history.Do(made);
+        if (effect == History::EventEffect::Nothing) {
+            continue;
+        }
+        ASSERT_EQ(effect == History::EventEffect::NewFuture, isPast);
+        ASSERT_EQ(history.Last(), history.Position());
+        scripted.insert(std::upper_bound(scripted.begin(), scripted.end(), made,
+                                         [](const StimulusEvent& a, const StimulusEvent& b) {
+                                             return a.step < b.step;
+                                         }),
+                        made);
+        plain = RunPlainly(started, scripted, scene.expression);
+        history.GoTo(kSteps);
+        found += WanderAbout(history, plain, scene.expression, random);
+    }
+    EXPECT_EQ(programs, 200);
+    EXPECT_GT(found, 1000);
+}
+
+TEST(AHistory, IsCancelledOnTheWayAndStaysSmall) {
+    core::Random random(7);
+    Scene scene(random);
+    core::FillProgramMemory(scene.processor, std::vector<std::uint16_t>{0x2800});  // GOTO 0
+    core::StartSimulation(scene.processor);
+    constexpr std::int64_t kFar = 1'000'000'000;
+    constexpr std::size_t kMostBytes = std::size_t{16} << 20;
+    History history(scene.processor, scene.faults);
+    history.Begin({});
+    history.LookForFaults({});
+    EXPECT_EQ(history.GoTo(kFar), PlayEnd::Reached);
+    EXPECT_LT(history.Bytes(), kMostBytes);
+    EXPECT_GT(history.SnapshotCount(), 100U);
+    int asked = 0;
+    history.CancelIf([&asked] { return ++asked > 3; });
+    ChangeLookout lookout(*ParseExpression("W", {scene.names, {}}).value);
+    EXPECT_EQ(history.FindPrevious(lookout), std::nullopt);
+    EXPECT_EQ(history.Position(), kFar);
+    EXPECT_EQ(history.GoTo(2 * kFar), PlayEnd::Cancelled);
+    EXPECT_LT(history.Position(), 2 * kFar);
+}
+
+}  // namespace
+}  // namespace corvane::inspect
