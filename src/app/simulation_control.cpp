@@ -86,6 +86,7 @@ void SimulationControl::Start() {
     breakpointReached_.reset();
     startTime_ = clock_->SecondsSinceMidnight() - 0.01F;
     core::StartSimulation(*processor_);
+    session_ = BeginRecording(*processor_);
     phase_ = Phase::Waiting;
     windows_->RefreshAfterReset();
     if (settings_->Rate() != SimulationRate::StepByStep) {
@@ -234,8 +235,28 @@ bool SimulationControl::IsPausing() {
     return pause_.has_value();
 }
 
+void SimulationControl::RecordPin(core::Pin pin) {
+    if (SimulationRunning()) {
+        session_->events.push_back({.clocks = processor_->state.clockCycles, .pin = pin});
+    }
+}
+
+void SimulationControl::RecordAnalogValue(int channel, int value) {
+    if (SimulationRunning()) {
+        session_->events.push_back(
+            {.clocks = processor_->state.clockCycles, .channel = channel, .value = value});
+    }
+}
+
+void SimulationControl::RecordChangedValue() {
+    if (SimulationRunning()) {
+        session_->hasChangedValues = true;
+    }
+}
+
 void SimulationControl::CompleteStop() {
     phase_ = Phase::Idle;
+    session_->end = EndOf(*processor_);
     pause_.reset();
     ending_ = {.condition = isStopCommanded_ ? RunCondition::Stopped : RunCondition::Ended,
                .pc = processor_->state.pc};

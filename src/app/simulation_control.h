@@ -18,6 +18,7 @@
 #include "app/dialogs.h"
 #include "app/open_windows.h"
 #include "app/run_status.h"
+#include "app/session_recording.h"
 #include "app/views.h"
 #include "core/processor.h"
 
@@ -35,7 +36,17 @@ class SimulationControl {
     bool RunsExtremelyFast() const;
     RunStatus Status() const;
     // The processor has been reset by something else than Start: nothing has run.
-    void ForgetRun() { ending_ = {}; }
+    void ForgetRun() {
+        ending_ = {};
+        session_.reset();
+    }
+
+    // What was done at the pins since the last Start; nothing without one.
+    const std::optional<SessionRecording>& Session() const { return session_; }
+    // Ignored while no simulation runs.
+    void RecordPin(core::Pin pin);
+    void RecordAnalogValue(int channel, int value);
+    void RecordChangedValue();
 
     // Which of the three commands are enabled; a disabled one does nothing.
     bool CanStart() const { return phase_ == Phase::Idle; }
@@ -86,6 +97,7 @@ class SimulationControl {
     std::chrono::nanoseconds nextRefresh_{0};
     float startTime_ = 0;  // seconds since midnight
     bool isStopCommanded_ = false;
+    std::optional<SessionRecording> session_;
     std::optional<int> breakpointReached_;  // pc then
 
     struct Ending {

@@ -36,6 +36,14 @@ const FileKind kDisassemblerListing = {
     .extension = ".lst",
 };
 
+const FileKind kFirmwareTest = {
+    .caption = "",
+    .openTitle = "Open Firmware Test",
+    .saveTitle = "Save Session as Test",
+    .filters = "Firmware tests (*.test)|*.test|All files (*.*)|*.*",
+    .extension = ".test",
+};
+
 namespace {
 
 std::string FileNameOf(std::string_view path) {

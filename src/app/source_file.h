@@ -24,6 +24,7 @@ struct FileKind {
 extern const FileKind kAssemblerSource;
 extern const FileKind kBasicSource;
 extern const FileKind kDisassemblerListing;
+extern const FileKind kFirmwareTest;
 
 // The text of an editor, as the commands on its file see it.
 class EditedText {

@@ -12,6 +12,7 @@
 #include "disasm/listing.h"
 #include "loader/intel_hex.h"
 #include "project/model_files.h"
+#include "project/program_kind.h"
 
 namespace corvane::app {
 
@@ -258,11 +259,13 @@ void Workbench::ChangeAdConversionTime() {
 
 void Workbench::TogglePin(core::Pin pin) {
     core::TogglePin(processor_, pin, simulation_.SimulationRunning());
+    simulation_.RecordPin(pin);
     windows_.RefreshAfterChange();
 }
 
 void Workbench::SetAnalogValue(int channel, int value) {
     core::SetAnalogValue(processor_, channel, value);
+    simulation_.RecordAnalogValue(channel, value);
     windows_.RefreshAfterChange();
 }
 
@@ -298,7 +301,36 @@ void Workbench::ChangeValue(Dialogs& dialogs, const ValuePlace& place) {
     // While the person was thinking, another window may have started it or chosen another model.
     if (value && processor_.model == model && !RefuseChange(dialogs, place)) {
         StoreValue(processor_, place, *value);
+        simulation_.RecordChangedValue();
         windows_.RefreshAfterChange();
+    }
+}
+
+void Workbench::SaveSessionAsTest() {
+    const std::optional<SessionRecording>& session = simulation_.Session();
+    if (!session || programPath_.empty()) {
+        dialogs_->Inform("There is no session. Load a program and start the simulation first.");
+        return;
+    }
+    if (session->hasChangedValues) {
+        dialogs_->Inform("Values have been changed by hand, which a test can not do.");
+        return;
+    }
+    const SessionEnd end = session->end.value_or(EndOf(processor_));
+    const std::string name = std::filesystem::path(programPath_).filename().string();
+    const std::optional<std::string> path =
+        AskSavePath(*dialogs_, settings_, kFirmwareTest, project::NameBeside(name, ".test"));
+    if (path) {
+        const std::filesystem::path folder = std::filesystem::path(*path).parent_path();
+        WriteFileOrInform(
+            *dialogs_, *path,
+            SessionAsTest(
+                *session, end,
+                {.path = std::filesystem::path(programPath_).lexically_proximate(folder).string(),
+                 .model = Model(),
+                 .clockFrequency = common::DecimalText(settings_.ClockFrequency()),
+                 .eepromWriteTime = processor_.eepromWriteTime,
+                 .adConversionTime = processor_.adConversionTime}));
     }
 }
 

@@ -59,6 +59,7 @@ class Workbench {
     CommandStates Commands() const;
     // Where the simulation stands: "Running, Extremely Fast".
     std::string Status() const { return StatusText(simulation_.Status(), processor_); }
+    const std::string& ApplicationFolder() const { return applicationFolder_; }
     AppSettings& Settings() { return settings_; }
     const AppSettings& Settings() const { return settings_; }
     OpenWindows& Windows() { return windows_; }
@@ -89,6 +90,9 @@ class Workbench {
     // Asks for a new value of what a window shows, with that window's dialogs; not while the
     // simulation runs by itself.
     void ChangeValue(Dialogs& dialogs, const ValuePlace& place);
+
+    // menusavesession: what was done at the pins since Start, as a firmware test.
+    void SaveSessionAsTest();
 
     // Breakpoints Manager, with its own dialogs.
     Listing BuildBreakpointListing(Dialogs& dialogs) const;

@@ -15,6 +15,7 @@ struct Outcome {
     std::string name;
     std::int64_t clocks = 0;           // that the test took
     std::vector<std::string> failure;  // lines; none when it has passed
+    int failedLine = 0;                // of the test file, then
 };
 
 // "FILE:LINE: within 1 ms  COUNT == 9"

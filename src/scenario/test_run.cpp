@@ -62,7 +62,7 @@ class TestRun {
         if (isCancelled_) {
             return std::nullopt;
         }
-        return Outcome{test_.name, Time(), std::move(failure_)};
+        return Outcome{test_.name, Time(), std::move(failure_), failedLine_};
     }
 
   private:
@@ -310,6 +310,7 @@ class TestRun {
     std::optional<Passed> PassedAt(const inspect::Pause& pause) {
         if (pause.reason == PauseReason::Observer) {
             failure_ = {UnderWay(), inspect::FaultText(*faults_.Found(), Scene())};
+            failedLine_ = statement_->line;
             return Passed::Failed;
         }
         if (pause.reason != PauseReason::Condition) {
@@ -427,6 +428,7 @@ class TestRun {
 
     void Fail(const Statement& statement, const std::string& reason) {
         failure_ = {LineText(bench_.file, statement)};
+        failedLine_ = statement.line;
         if (&statement != statement_) {
             failure_.push_back("during " + UnderWay());
         }
@@ -446,6 +448,7 @@ class TestRun {
     const Statement* statement_ = nullptr;  // under way
     std::string error_;                     // of what the line waits for
     std::vector<std::string> failure_;
+    int failedLine_ = 0;
     bool isCancelled_ = false;
 };
 

@@ -128,10 +128,10 @@ TEST_F(AccessibilityTest, EveryWindow) {
         for (const char* command :
              {"menumemory", "menueeprom", "menustack", "menuperipheraldevices", "menudisassembler",
               "menubreakpointsmanager", "menuassembler", "menubasic", "menututorial", "menuhelp",
-              "menuhelpcomp", "menuabout"}) {
+              "menuhelpcomp", "menuabout", "menuruntests", "menutestinghelp"}) {
             Trigger(command);
         }
-        EXPECT_EQ(AuditVisibleWindows(), 13) << model;
+        EXPECT_EQ(AuditVisibleWindows(), 15) << model;
     }
 }
 

@@ -1,11 +1,14 @@
 #include <QCheckBox>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextBlock>
 #include <QTextBrowser>
+#include <QTreeWidget>
 #include <algorithm>
 
 #include "ui/common/window_placement.h"
@@ -16,6 +19,13 @@ namespace {
 
 using app::Window;
 using SecondaryWindowsTest = DesktopTest;
+
+QWidget& TopLevel(const char* name) {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto found = std::ranges::find(windows, QLatin1String(name), &QWidget::objectName);
+    EXPECT_NE(found, windows.end()) << name;
+    return **found;
+}
 
 TEST_F(SecondaryWindowsTest, CentredUnlessPositionsAreKept) {
     Start();
@@ -110,14 +120,34 @@ TEST_F(SecondaryWindowsTest, TheMainWindowTakesTheOthersAlong) {
     EXPECT_EQ(desktop->Find(Window::EepromMemoryViewer), nullptr);
 }
 
+TEST_F(SecondaryWindowsTest, AFailedTestLeadsToItsLine) {
+    folder.Write("a.asm", "LOOP: GOTO LOOP\n");
+    folder.Write("a.test",
+                 "program a.asm\ntest \"stays\"\n  wait 1 us\ntest \"ends\"\n  wait 1 us\n  end\n");
+    folder.Write("b.test", "program a.asm\n");
+    Start();
+    desktop->Workbench().Settings().SetLastPathOf(folder.path + "a.test");
+    desktop->RunTests();
+    QWidget& tests = TopLevel("TestsWindow");
+    const auto& list = *Child<QTreeWidget>(tests, "testslist");
+    ASSERT_EQ(list.topLevelItemCount(), 3);
+    EXPECT_EQ(list.topLevelItem(0)->text(0).toStdString(), "a.test: stays");
+    EXPECT_EQ(list.topLevelItem(0)->text(1).toStdString(), "✓ passed");
+    QTreeWidgetItem& failed = *list.topLevelItem(1);
+    EXPECT_EQ(failed.text(1).toStdString(), "✗ failed");
+    EXPECT_EQ(failed.text(2).toStdString(), "3 us");
+    EXPECT_TRUE(failed.child(1)->text(0).startsWith("the program has not ended"));
+    EXPECT_EQ(list.topLevelItem(2)->text(1).toStdString(), "✗ refused");
+    EXPECT_EQ(TextOf(tests, "testssummary"), "1 passed, 2 failed");
+    emit Child<QTreeWidget>(tests, "testslist")->itemActivated(&failed, 0);
+    const auto& view = *Child<QPlainTextEdit>(TopLevel("TextViewWindow"), "viewedText");
+    EXPECT_EQ(view.textCursor().block().text().toStdString(), "  end");
+}
+
 TEST_F(SecondaryWindowsTest, AHelpTextIsSearchedRoundItsEnds) {
     Start();
     desktop->OpenText(TextWindow::HelpTopics);
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    const auto isHelp = [](const QWidget* window) { return window->objectName() == "HelpWindow"; };
-    const auto opened = std::ranges::find_if(windows, isHelp);
-    ASSERT_NE(opened, windows.end());
-    QWidget& help = **opened;
+    QWidget& help = TopLevel("HelpWindow");
     QApplication::setActiveWindow(&help);
     auto& text = *Child<QTextBrowser>(help, "helpText");
     auto& words = *Child<QLineEdit>(help, "findText");

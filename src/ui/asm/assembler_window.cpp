@@ -12,7 +12,7 @@
 #include "asm/line_coloring.h"
 #include "common/text.h"
 #include "project/program_kind.h"
-#include "ui/asm/included_file_window.h"
+#include "ui/editor/text_view_window.h"
 #include "ui/common/command.h"
 #include "ui/common/modal_dialog.h"
 #include "ui/common/window_placement.h"
@@ -209,7 +209,7 @@ void AssemblerWindow::FollowLink(const OutputLink& link) {
     }
     if (const auto bytes = app::ReadFileOrInform(Dialogs(), link.file.toStdString())) {
         if (includedFile_ == nullptr) {
-            includedFile_ = new IncludedFileWindow(this);
+            includedFile_ = new TextViewWindow(this);
         }
         includedFile_->ShowFile(link.file, *bytes, link.sourceLine);
     }

@@ -10,7 +10,7 @@ class QSplitter;
 
 namespace corvane::ui {
 
-class IncludedFileWindow;
+class TextViewWindow;
 
 class AssemblerWindow final : public SourceWindow {
     Q_OBJECT
@@ -45,7 +45,7 @@ class AssemblerWindow final : public SourceWindow {
     QAction* previousError_ = nullptr;
     QAction* withGpasm_ = nullptr;
     QAction* checksProgram_ = nullptr;
-    IncludedFileWindow* includedFile_ = nullptr;
+    TextViewWindow* includedFile_ = nullptr;
 };
 
 }  // namespace corvane::ui

@@ -43,6 +43,7 @@ Desktop::~Desktop() {
     for (const auto& [text, window] : textWindows_) {
         delete window;
     }
+    delete testsWindow_;
 }
 
 bool Desktop::StartUp(std::optional<int> modelRow) {
@@ -97,6 +98,17 @@ void Desktop::OpenText(TextWindow text) {
     window->show();
     window->raise();
     window->activateWindow();
+}
+
+void Desktop::RunTests() {
+    if (testsWindow_ == nullptr) {
+        testsWindow_ = new TestsWindow(workbench_, makeDialogs_);
+        CentreWindow(*testsWindow_, *mainWindow_.screen());
+    }
+    testsWindow_->show();
+    testsWindow_->raise();
+    testsWindow_->activateWindow();
+    testsWindow_->RunFolder(workbench_.Settings().LastPath());
 }
 
 void Desktop::Quit() {

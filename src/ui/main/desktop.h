@@ -12,13 +12,20 @@
 #include "ui/common/dialogs_factory.h"
 #include "ui/common/refresh_when_visible.h"
 #include "ui/common/secondary_window.h"
+#include "ui/debug/tests_window.h"
 #include "ui/main/main_menu.h"
 #include "ui/main/main_window.h"
 
 namespace corvane::ui {
 
 // The windows that show a text and keep no position.
-enum class TextWindow : std::uint8_t { GettingStarted, HelpTopics, BasicHelpTopics, About };
+enum class TextWindow : std::uint8_t {
+    GettingStarted,
+    HelpTopics,
+    BasicHelpTopics,
+    TestingFirmware,
+    About
+};
 
 struct Folders {
     std::string application;  // the description files, with trailing separator
@@ -46,6 +53,7 @@ class Desktop final : private app::Views {
 
     void SelectMicrocontroller();
     void OpenText(TextWindow text);
+    void RunTests();
     void Quit();
 
   private:
@@ -80,6 +88,7 @@ class Desktop final : private app::Views {
     RefreshWhenVisible& mainRefresh_;  // owned by the main window
     std::map<app::Window, QPointer<SecondaryWindow>> windows_;
     std::map<TextWindow, QPointer<QWidget>> textWindows_;
+    QPointer<TestsWindow> testsWindow_;
 };
 
 }  // namespace corvane::ui

@@ -68,6 +68,16 @@ void AddToolsMenu(QMenuBar& bar, Desktop& desktop) {
     tools.Add("menubasic", "BASIC &Compiler", "", OpensWindow(desktop, Window::BasicCompiler));
 }
 
+void AddDebugMenu(QMenuBar& bar, Desktop& desktop) {
+    Menu debug(bar, "menudebug", "Deb&ug");
+    debug.Add("menuruntests", "Run &Tests...", "", [&desktop] { desktop.RunTests(); });
+    debug.Add("menusavesession", "&Save Session as Test...", "",
+              [&desktop] { desktop.Workbench().SaveSessionAsTest(); });
+    debug.AddSeparator();
+    debug.Add("menutestinghelp", "Testing &Firmware", "",
+              OpensText(desktop, TextWindow::TestingFirmware));
+}
+
 void AddHelpMenu(QMenuBar& bar, Desktop& desktop) {
     Menu help(bar, "menu6", "&Help");
     help.Add("menututorial", "Getting Started", "", OpensText(desktop, TextWindow::GettingStarted));
@@ -86,6 +96,7 @@ MainMenu::MainMenu(QMenuBar& bar, Desktop& desktop) : bar_(&bar) {
     AddRateMenu(desktop);
     AddToolsMenu(bar, desktop);
     AddOptionsMenu(desktop);
+    AddDebugMenu(bar, desktop);
     AddHelpMenu(bar, desktop);
 }
 

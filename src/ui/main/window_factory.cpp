@@ -50,6 +50,8 @@ QWidget* MakeTextWindow(TextWindow text) {
             return new HelpWindow(QObject::tr("Help Topics"), "help_topics.md");
         case TextWindow::BasicHelpTopics:
             return new HelpWindow(QObject::tr("BASIC Compiler Help Topics"), "basic_compiler.md");
+        case TextWindow::TestingFirmware:
+            return new HelpWindow(QObject::tr("Testing Firmware"), "testing_firmware.md");
         case TextWindow::About:
             break;
     }

@@ -1,4 +1,4 @@
-#include "ui/asm/included_file_window.h"
+#include "ui/editor/text_view_window.h"
 
 #include <QFileInfo>
 #include <QKeySequence>
@@ -12,12 +12,12 @@
 
 namespace corvane::ui {
 
-IncludedFileWindow::IncludedFileWindow(QWidget* parent)
+TextViewWindow::TextViewWindow(QWidget* parent)
     : QWidget(parent, Qt::Window), text_(new NumberedEditor) {
-    setObjectName("IncludedFileWindow");
+    setObjectName("TextViewWindow");
     MakeAccessibleAsWindow(*this);
-    text_->setObjectName("includedText");
-    text_->setAccessibleName(tr("Included file"));
+    text_->setObjectName("viewedText");
+    text_->setAccessibleName(tr("Text of the file"));
     text_->setReadOnly(true);
     text_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     for (const QKeySequence& keys :
@@ -33,7 +33,7 @@ IncludedFileWindow::IncludedFileWindow(QWidget* parent)
     move(parent->frameGeometry().topLeft() + kBeside);
 }
 
-void IncludedFileWindow::ShowFile(const QString& path, const std::string& bytes, int line) {
+void TextViewWindow::ShowFile(const QString& path, const std::string& bytes, int line) {
     setWindowTitle(tr("%1 - read-only").arg(QFileInfo(path).fileName()));
     text_->setToolTip(path);
     text_->setPlainText(DecodedText(common::WithLf(bytes), EncodingOf(bytes)));

@@ -1,4 +1,4 @@
-// A file that a source includes, to be looked at.
+// A text file to be looked at: what a source includes, or a firmware test.
 #pragma once
 
 #include <QWidget>
@@ -7,10 +7,10 @@ namespace corvane::ui {
 
 class NumberedEditor;
 
-class IncludedFileWindow final : public QWidget {
+class TextViewWindow final : public QWidget {
     Q_OBJECT
   public:
-    explicit IncludedFileWindow(QWidget* parent);
+    explicit TextViewWindow(QWidget* parent);
 
     // The bytes of the file at this path, with the line (from 1) in the middle.
     void ShowFile(const QString& path, const std::string& bytes, int line);
