@@ -16,7 +16,7 @@ struct TestResult {
     bool hasPassed = false;
     std::string time{};               // simulated: "30 ms"
     std::vector<std::string> told{};  // of a failure: its line, why, and the values
-    int line = 0;                   // of the file, that failed; 0: none is meant
+    int line = 0;                     // of the file, that failed; 0: none is meant
 };
 
 struct TestOptions {

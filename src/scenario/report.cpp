@@ -134,10 +134,10 @@ std::string TapText(const std::vector<FileReport>& reports) {
                     " - " + TapName(TitleOf(report, outcome)) + "\n  ---\n  time: " +
                     YamlText(inspect::TimeText(outcome.clocks, report.clock)) + "\n";
             if (!outcome.failure.empty()) {
-                text += "  message:\n";
+                text += "  message: |\n";  // which readers take that know no quoted list
             }
             for (const std::string& line : outcome.failure) {
-                text += "    - " + YamlText(line) + "\n";
+                text += "    " + line + "\n";
             }
             text += "  ...\n";
         }

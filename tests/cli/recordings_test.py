@@ -1,12 +1,14 @@
 """What a run records: waveform, coverage and profile agree with its trace, and the tools that people
 use on such files read them."""
 
+import pathlib
 import re
 import shutil
 import subprocess
 import unittest
+import xml.etree.ElementTree
 
-from cli_case import SOURCE, CliCase
+from cli_case import FAILED, SOURCE, CliCase
 
 EXAMPLES = {"timer0_interrupt": ["-n", 300], "deep_calls": [], "table_lookup": [],
             "indirect_addressing": [], "port_change_interrupt": ["-n", 150]}
@@ -86,6 +88,27 @@ class Recordings(CliCase):
             annotated = self.tool("callgrind_annotate", "p.out")
             self.assertRegex(annotated, r"\(100\.0%\)  PROGRAM TOTALS")
             self.assertRegex(annotated, rf"{name}:\(main\)")
+
+    def test_the_tools_read_what_is_told_of_tests(self):
+        self.write("a.asm", "N EQU 0x0C\n BSF STATUS,RP0\n CLRF TRISB\n BCF STATUS,RP0\nL: INCF PORTB,F\n GOTO L\n")
+        self.write("a.test", 'program a.asm\ntest "<good> & \'quick\'"\n within 20 us PORTB == 2\n'
+                             'test "bad: #1"\n for 50 us PORTB < 3\n')
+        self.cli("test", "a.test", "--junit", "r.xml", "--vcd-on-failure", "v", "--coverage", "c.info",
+                 status=FAILED)
+        self.tool("xmllint", "--noout", "--relaxng", pathlib.Path(__file__).parent / "junit.rng", "r.xml")
+        suite = xml.etree.ElementTree.parse(self.folder / "r.xml").find("testsuite")
+        self.assertEqual((suite.get("tests"), suite.get("failures"), suite[0].get("name")),
+                         ("2", "1", "<good> & 'quick'"))
+        self.assertIn("is 0, after 8 steps", suite[1].find("failure").get("message"))
+        [waveform] = (self.folder / "v").iterdir()
+        self.tool("vcd2fst", waveform, "w.fst")
+        self.assertEqual(waveform_of(self.tool("fst2vcd", "w.fst"))[-1][1]["RB0"], 1)
+        self.tool("genhtml", "--quiet", "-o", "html", "c.info")
+        self.write("r.tap", self.cli("test", "a.test", "--tap", status=FAILED))
+        told = self.tool("perl", "-MTAP::Parser", "-e", "my $p = TAP::Parser->new({source => 'r.tap'}); "
+                         "$p->run; print join ' ', $p->version, $p->passed, 'of', $p->tests_planned, "
+                         "$p->parse_errors")
+        self.assertEqual(told, "13 1 of 2")
 
 
 if __name__ == "__main__":
