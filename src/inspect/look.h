@@ -14,7 +14,7 @@ namespace corvane::inspect {
 struct Look {
     bool everyStep = false;
     bool interruptEntries = false;
-    bool eepromWrites = false;  // all steps of a write and of the sequence that unlocks it
+    bool eepromWrites = false;  // the steps of the sequence that unlocks a write, and its last one
     Addresses instructions{};   // steps that execute one of these
 
     Look& operator|=(const Look& other);

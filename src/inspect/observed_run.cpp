@@ -1,6 +1,7 @@
 #include "inspect/observed_run.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 #include "core/execution.h"
@@ -94,7 +95,19 @@ bool ObservedRun::MustLook() const {
     const core::ProcessorState& state = processor_.state;
     return look_.everyStep || lookAtNext_ ||
            look_.instructions[static_cast<std::size_t>(state.pc)] ||
-           (look_.eepromWrites && (state.eeWriteBusy || state.eeUnlockState != 0));
+           (look_.eepromWrites && (state.eeUnlockState != 0 || StepsBeforeWriteEnds() == 0));
+}
+
+// Steps that leave the EEPROM as it is: a write, which takes each step for a cycle, stores its byte
+// when it ends.
+std::int64_t ObservedRun::StepsBeforeWriteEnds() const {
+    const core::ProcessorState& state = processor_.state;
+    if (!state.eeWriteBusy) {
+        return std::numeric_limits<std::int64_t>::max();
+    }
+    const std::int64_t clocksLeft =
+        std::int64_t{processor_.eepromWriteTime} - std::int64_t{state.eeWriteElapsed};
+    return std::max<std::int64_t>(clocksLeft - 1, 0) / core::kClocksPerCycle;
 }
 
 // Steps that can be executed without passing a limit unseen; none when one is reached.
@@ -114,11 +127,16 @@ Pause ObservedRun::Advance(std::int64_t maxSteps, std::optional<std::int64_t> cl
         if (steps <= 0) {
             return {PauseReason::Limit};
         }
-        const std::optional<Pause> pause = MustLook() ? LookAtSteps(steps) : RunUnseen(steps);
+        const std::optional<Pause> pause =
+            MustLook() ? LookAtSteps(steps) : RunUnseen(UnseenSteps(steps));
         if (pause) {
             return *pause;
         }
     }
+}
+
+std::int64_t ObservedRun::UnseenSteps(std::int64_t steps) const {
+    return look_.eepromWrites ? std::min(steps, StepsBeforeWriteEnds()) : steps;
 }
 
 // Of these steps only an interrupt entry may have to be seen, and then it is the last one.

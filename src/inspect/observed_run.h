@@ -101,6 +101,8 @@ class ObservedRun {
 
     void LookAgain();
     bool MustLook() const;
+    std::int64_t StepsBeforeWriteEnds() const;
+    std::int64_t UnseenSteps(std::int64_t steps) const;
     std::int64_t StepsWithin(std::int64_t steps, std::optional<std::int64_t> clockCycles) const;
     std::optional<Pause> RunUnseen(std::int64_t steps);
     std::optional<Pause> LookAtSteps(std::int64_t steps);
