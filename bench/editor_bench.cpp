@@ -21,14 +21,9 @@ namespace {
 
 using bench::SilentDialogs;
 
-class NoViews final : public app::Views {
+class NoViews final : public app::Views, public app::SliceTimer {
   public:
-    void memorijaprint() override {}
-    void eepromprint() override {}
-    void stekprint() override {}
-    void drawlines() override {}
-    void refreshpic() override {}
-    void ekran() override {}
+    void Refresh(app::Window /*window*/) override {}
     void BringPcIntoView() override {}
     void ModelChanged() override {}
     void ProgramChanged() override {}
@@ -66,7 +61,7 @@ class Subject {
     Subject(const std::string& name, const std::string& text)
         : path_(folder_.filePath(QString::fromStdString(name))),
           workbench_(std::string(CORVANE_SOURCE_DIR) + "/data/models/", store_, dialogs_, views_,
-                     clock_) {
+                     views_, clock_) {
         QFile file(path_);
         const bool isReady = workbench_.StartUp() && file.open(QIODevice::WriteOnly) &&
                              file.write(text.data(), static_cast<qint64>(text.size())) > 0;

@@ -2,11 +2,6 @@
 
 namespace corvane::app {
 
-bool OpenWindows::IsChipViewOpen() const {
-    return IsOpen(Window::ChipView18) || IsOpen(Window::ChipView28) || IsOpen(Window::ChipView40) ||
-           IsOpen(Window::ChipView62x);
-}
-
 void OpenWindows::Opened(Window window) {
     StateOf(window) = {.open = true, .alwaysOnTop = false};
 }
@@ -36,34 +31,31 @@ void OpenWindows::Close(Window window) {
 }
 
 void OpenWindows::RefreshAfterReset() {
-    if (IsOpen(Window::ProgramMemoryViewer)) {
-        views_->memorijaprint();
-    }
+    Refresh(Window::ProgramMemoryViewer);
     RefreshMemories();
-    views_->ekran();
+    views_->Refresh(Window::Main);
 }
 
 void OpenWindows::RefreshAfterChange() {
-    views_->ekran();
+    views_->Refresh(Window::Main);
     RefreshMemories();
 }
 
 void OpenWindows::RefreshMemories() {
-    if (IsOpen(Window::EepromMemoryViewer)) {
-        views_->eepromprint();
-    }
-    if (IsOpen(Window::HardwareStackViewer)) {
-        views_->stekprint();
-    }
-    RefreshBreakpoints();
-    if (IsChipViewOpen()) {
-        views_->refreshpic();
+    for (const Window window :
+         {Window::EepromMemoryViewer, Window::HardwareStackViewer, Window::BreakpointsManager,
+          Window::ChipView18, Window::ChipView28, Window::ChipView40, Window::ChipView62x}) {
+        Refresh(window);
     }
 }
 
 void OpenWindows::RefreshBreakpoints() {
-    if (IsOpen(Window::BreakpointsManager)) {
-        views_->drawlines();
+    Refresh(Window::BreakpointsManager);
+}
+
+void OpenWindows::Refresh(Window window) {
+    if (IsOpen(window)) {
+        views_->Refresh(window);
     }
 }
 

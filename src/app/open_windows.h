@@ -13,7 +13,6 @@ class OpenWindows {
     explicit OpenWindows(Views& views) : views_(&views) {}
 
     bool IsOpen(Window window) const { return StateOf(window).open; }
-    bool IsChipViewOpen() const;
 
     // To be called by a window at the end of its loading, and as soon as its close is requested.
     void Opened(Window window);
@@ -32,6 +31,7 @@ class OpenWindows {
 
   private:
     void RefreshMemories();
+    void Refresh(Window window);
 
     struct State {
         bool open = false;

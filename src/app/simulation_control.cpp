@@ -49,12 +49,13 @@ nanoseconds PauseOf(SimulationRate rate) {
 
 SimulationControl::SimulationControl(core::Processor& processor, AppSettings& settings,
                                      OpenWindows& windows, Dialogs& dialogs, Views& views,
-                                     Clock& clock)
+                                     SliceTimer& timer, Clock& clock)
     : processor_(&processor),
       settings_(&settings),
       windows_(&windows),
       dialogs_(&dialogs),
       views_(&views),
+      timer_(&timer),
       clock_(&clock),
       stepsBetweenClockReads_(kFewestSteps) {}
 
@@ -156,7 +157,7 @@ void SimulationControl::EnterRunLoop() {
     phase_ = Phase::Running;
     pause_.reset();
     nextRefresh_ = clock_->SteadyTime();
-    views_->ScheduleSlice(nanoseconds(0));
+    timer_->ScheduleSlice(nanoseconds(0));
 }
 
 void SimulationControl::LeaveRunLoop() {
@@ -215,7 +216,7 @@ void SimulationControl::BeginPause(SimulationRate rate) {
     if (length > nanoseconds(0)) {
         pause_ = Pause{.rate = rate, .end = clock_->SteadyTime() + length};
     }
-    views_->ScheduleSlice(length);
+    timer_->ScheduleSlice(length);
 }
 
 bool SimulationControl::IsPausing() {
@@ -224,7 +225,7 @@ bool SimulationControl::IsPausing() {
     }
     const nanoseconds now = clock_->SteadyTime();
     if (now < pause_->end) {
-        views_->ScheduleSlice(pause_->end - now);
+        timer_->ScheduleSlice(pause_->end - now);
         return true;
     }
     const SimulationRate ended = pause_->rate;

@@ -5,7 +5,7 @@
 //   Running --SetRate(StepByStep), breakpoint--> Waiting
 //   Waiting, Running --Stop, a step that raises stopRequested--> Idle, with the statistics message
 //
-// While it runs it asks for its next slice through Views::ScheduleSlice. At Extremely Fast a slice
+// While it runs it asks for its next slice through SliceTimer. At Extremely Fast a slice
 // executes steps for some milliseconds; at the timed rates it executes one step and then pauses.
 #pragma once
 
@@ -19,6 +19,7 @@
 #include "app/open_windows.h"
 #include "app/run_status.h"
 #include "app/session_recording.h"
+#include "app/slice_timer.h"
 #include "app/views.h"
 #include "core/processor.h"
 
@@ -27,7 +28,7 @@ namespace corvane::app {
 class SimulationControl {
   public:
     SimulationControl(core::Processor& processor, AppSettings& settings, OpenWindows& windows,
-                      Dialogs& dialogs, Views& views, Clock& clock);
+                      Dialogs& dialogs, Views& views, SliceTimer& timer, Clock& clock);
 
     // True from Start until Stop completes.
     bool SimulationRunning() const { return phase_ != Phase::Idle; }
@@ -89,6 +90,7 @@ class SimulationControl {
     OpenWindows* windows_;
     Dialogs* dialogs_;
     Views* views_;
+    SliceTimer* timer_;
     Clock* clock_;
     Phase phase_ = Phase::Idle;
     bool insideSlice_ = false;

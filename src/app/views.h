@@ -2,8 +2,6 @@
 // is only a notice: the windows read the state from the workbench when they redraw.
 #pragma once
 
-#include <chrono>
-
 #include "app/windows.h"
 
 namespace corvane::app {
@@ -12,13 +10,8 @@ class Views {
   public:
     virtual ~Views() = default;
 
-    // Redraw; called only while the window in question is open.
-    virtual void memorijaprint() = 0;  // Program Memory Viewer
-    virtual void eepromprint() = 0;    // EEPROM Memory Viewer
-    virtual void stekprint() = 0;      // Hardware Stack Viewer
-    virtual void drawlines() = 0;      // Breakpoints Manager: rows, markers, labels of the slots
-    virtual void refreshpic() = 0;     // the Microcontroller View
-    virtual void ekran() = 0;          // main window
+    // Draw this open window anew.
+    virtual void Refresh(Window window) = 0;
 
     // The program has come to a breakpoint: every window that lists it goes to the line of pc.
     virtual void BringPcIntoView() = 0;
@@ -34,10 +27,6 @@ class Views {
     virtual void ShowWindow(Window window) = 0;   // open it, or bring it forward when it is open
     virtual void CloseWindow(Window window) = 0;  // it is open
     virtual void SetTopmost(Window window, bool topmost) = 0;
-
-    // Call SimulationControl::RunSlice once, as soon as the delay has passed and pending events
-    // are done with. A new request takes the place of one that still waits.
-    virtual void ScheduleSlice(std::chrono::nanoseconds delay) = 0;
 };
 
 }  // namespace corvane::app

@@ -52,14 +52,14 @@ std::string ListingPathOf(const std::string& programPath) {
 }  // namespace
 
 Workbench::Workbench(std::string applicationFolder, common::SettingsStore& store, Dialogs& dialogs,
-                     Views& views, Clock& clock)
+                     Views& views, SliceTimer& timer, Clock& clock)
     : applicationFolder_(std::move(applicationFolder)),
       settings_(store, applicationFolder_),
       dialogs_(&dialogs),
       views_(&views),
       windows_(views),
       processor_(core::MakeProcessor(ModelOfRow(models::kDefaultModel), {})),
-      simulation_(processor_, settings_, windows_, dialogs, views, clock) {}
+      simulation_(processor_, settings_, windows_, dialogs, views, timer, clock) {}
 
 bool Workbench::StartUp(std::optional<int> modelRow) {
     simulation_.SetRate(settings_.Rate());

@@ -38,7 +38,7 @@ class Workbench {
     // The application folder holds the description files and ends with a separator. The dialogs
     // are those of the main window.
     Workbench(std::string applicationFolder, common::SettingsStore& store, Dialogs& dialogs,
-              Views& views, Clock& clock);
+              Views& views, SliceTimer& timer, Clock& clock);
     Workbench(const Workbench&) = delete;
     Workbench& operator=(const Workbench&) = delete;
 

@@ -74,16 +74,11 @@ class ScriptedDialogs final : public Dialogs {
     std::vector<std::string> shown_;
 };
 
-class RecordingViews final : public Views {
+class RecordingViews final : public Views, public SliceTimer {
   public:
-    void memorijaprint() override { calls.emplace_back("memorijaprint"); }
-    void eepromprint() override { calls.emplace_back("eepromprint"); }
-    void stekprint() override { calls.emplace_back("stekprint"); }
-    void drawlines() override { calls.emplace_back("drawlines"); }
-    void refreshpic() override { calls.emplace_back("refreshpic"); }
-    void ekran() override {
-        calls.emplace_back("ekran");
-        if (duringRefresh) {
+    void Refresh(Window window) override {
+        Note("refresh ", window);
+        if (window == Window::Main && duringRefresh) {
             duringRefresh();
         }
     }
@@ -182,7 +177,7 @@ class WorkbenchTest : public testing::Test {
 
     // The application starts (again) with the settings as they are.
     bool StartUp(std::optional<int> modelRow = std::nullopt) {
-        workbench.emplace(folder.path, store, dialogs, views, clock);
+        workbench.emplace(folder.path, store, dialogs, views, views, clock);
         views.workbench = &*workbench;
         const bool started = workbench->StartUp(modelRow);
         views.Calls();

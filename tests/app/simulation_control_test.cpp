@@ -55,13 +55,13 @@ TEST_F(SimulationTest, StepByStep) {
     ExpectCommands(false, true, true);
     EXPECT_TRUE(Simulation().SimulationRunning());
     EXPECT_EQ(State().clockCycles, 4);
-    EXPECT_EQ(views.Calls(), (Texts{"memorijaprint", "eepromprint", "stekprint", "drawlines",
-                                    "refreshpic", "ekran"}));
+    EXPECT_EQ(views.Calls(), (Texts{"refresh 4", "refresh 6", "refresh 7", "refresh 11",
+                                    "refresh 12", "refresh 1"}));
     for (const int cycles : {8, 12, 20}) {
         Simulation().Step();
         EXPECT_EQ(State().clockCycles, cycles);
         EXPECT_EQ(views.Calls(),
-                  (Texts{"ekran", "eepromprint", "stekprint", "drawlines", "refreshpic"}));
+                  (Texts{"refresh 1", "refresh 6", "refresh 7", "refresh 11", "refresh 12"}));
     }
     EXPECT_FALSE(views.scheduled.has_value());
     Simulation().Start();
@@ -100,7 +100,7 @@ TEST_F(SimulationTest, TimedRatesPauseAfterEachStep) {
         EXPECT_EQ(views.Calls(), Texts{});
         FireTimer();
         EXPECT_EQ(State().instructionCount, 2);
-        EXPECT_EQ(views.Calls(), Texts{"ekran"});
+        EXPECT_EQ(views.Calls(), Texts{"refresh 1"});
         Simulation().Stop();
         EXPECT_EQ(dialogs.Shown().size(), 1U) << "Stop does not wait for the pause";
         EXPECT_EQ(workbench->Status(), "Stopped: Stop at 0002: GOTO 0x000");
@@ -178,7 +178,7 @@ TEST_F(SimulationTest, ASliceAtExtremelyFastIsShortAndTheViewsKeepTheirPace) {
     FireTimer();
     EXPECT_EQ(views.Calls(), Texts{}) << "it is not yet time for the next refresh";
     Simulation().Stop();
-    EXPECT_EQ(views.Calls(), Texts{"ekran"}) << "the last steps are shown before the message";
+    EXPECT_EQ(views.Calls(), Texts{"refresh 1"}) << "the last steps are shown before the message";
     const std::string count = std::to_string(State().instructionCount);
     EXPECT_TRUE(dialogs.Shown().at(0).starts_with("Total number of executed instructions is " +
                                                   count + "."));
@@ -225,14 +225,14 @@ TEST_F(SimulationTest, ABreakpointSelectsStepByStep) {
         EXPECT_EQ(State().instructionCount, 2);
         EXPECT_EQ(store.values.at("Simulation Rate"), "1");
         const Texts calls = views.Calls();
-        EXPECT_EQ(Texts(calls.end() - 2, calls.end()), (Texts{"ekran", "breakpoint"}))
+        EXPECT_EQ(Texts(calls.end() - 2, calls.end()), (Texts{"refresh 1", "breakpoint"}))
             << "its line comes into view";
         EXPECT_EQ(workbench->Status(), "Breakpoint at 0002: NOP");
         ExpectCommands(false, true, true);
         Simulation().Step();
         EXPECT_EQ(State().pc, 3);
         EXPECT_EQ(workbench->Status(), "Waiting at 0003: SLEEP");
-        EXPECT_EQ(views.Calls(), Texts{"ekran"});
+        EXPECT_EQ(views.Calls(), Texts{"refresh 1"});
         Simulation().SetRate(SimulationRate::ExtremelyFast);
         FireTimer();
         EXPECT_FALSE(Simulation().SimulationRunning());

@@ -54,14 +54,14 @@ TEST_F(WorkbenchTest, AViewThatIsOpenIsDrawnAfterAChange) {
     ASSERT_TRUE(StartUp(5));
     workbench->TogglePin({.port = 1, .bit = 5});
     workbench->ToggleBreakpoint(dialogs, 3);
-    EXPECT_EQ(views.Calls(), Texts{"ekran"}) << "the views are closed";
+    EXPECT_EQ(views.Calls(), Texts{"refresh 1"}) << "the views are closed";
     Open({Window::ChipView40, Window::BreakpointsManager});
     workbench->TogglePin({.port = 1, .bit = 5});
     workbench->SetAnalogValue(0, 512);
     workbench->ToggleBreakpoint(dialogs, 4);
     workbench->ClearBreakpoints();
-    EXPECT_EQ(views.Calls(), (Texts{"ekran", "drawlines", "refreshpic", "ekran", "drawlines",
-                                    "refreshpic", "drawlines", "drawlines"}));
+    EXPECT_EQ(views.Calls(), (Texts{"refresh 1", "refresh 11", "refresh 12", "refresh 1",
+                                    "refresh 11", "refresh 12", "refresh 11", "refresh 11"}));
 }
 
 TEST_F(WorkbenchTest, AnAssemblyLeavesItsFilesOnlyWithoutErrors) {

@@ -16,7 +16,7 @@ Desktop::Desktop(Folders folders, common::SettingsStore& store, app::Clock& cloc
     : recoveryFolder_(std::move(folders.recovery)),
       makeDialogs_(std::move(makeDialogs)),
       dialogs_(makeDialogs_(mainWindow_)),
-      workbench_(std::move(folders.application), store, *dialogs_, *this, clock),
+      workbench_(std::move(folders.application), store, *dialogs_, *this, *this, clock),
       menu_(*mainWindow_.menuBar(), *this),
       mainRefresh_(*new RefreshWhenVisible(mainWindow_, [this] { DrawMain(); })) {
     sliceTimer_.setSingleShot(true);
@@ -147,10 +147,6 @@ void Desktop::BringPcIntoView() {
     }
 }
 
-void Desktop::refreshpic() {
-    Refresh(app::ChipViewOf(workbench_.Model().family));
-}
-
 void Desktop::ModelChanged() {
     mainWindow_.ShowModel(workbench_.Processor());
 }
@@ -195,8 +191,10 @@ void Desktop::ScheduleSlice(std::chrono::nanoseconds delay) {
     sliceTimer_.start(std::chrono::ceil<std::chrono::milliseconds>(delay));
 }
 
-void Desktop::Refresh(app::Window window) const {
-    if (SecondaryWindow* open = Find(window)) {
+void Desktop::Refresh(app::Window window) {
+    if (window == app::Window::Main) {
+        mainRefresh_.Request();
+    } else if (SecondaryWindow* open = Find(window)) {
         open->Refresh();
     }
 }

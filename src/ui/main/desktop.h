@@ -32,7 +32,7 @@ struct Folders {
     std::string recovery;     // texts that were not saved
 };
 
-class Desktop final : private app::Views {
+class Desktop final : private app::Views, private app::SliceTimer {
   public:
     Desktop(Folders folders, common::SettingsStore& store, app::Clock& clock,
             DialogsFactory makeDialogs);
@@ -57,12 +57,7 @@ class Desktop final : private app::Views {
     void Quit();
 
   private:
-    void memorijaprint() override { Refresh(app::Window::ProgramMemoryViewer); }
-    void eepromprint() override { Refresh(app::Window::EepromMemoryViewer); }
-    void stekprint() override { Refresh(app::Window::HardwareStackViewer); }
-    void drawlines() override { Refresh(app::Window::BreakpointsManager); }
-    void refreshpic() override;
-    void ekran() override { mainRefresh_.Request(); }
+    void Refresh(app::Window window) override;
     void BringPcIntoView() override;
     void ModelChanged() override;
     void ProgramChanged() override;
@@ -74,7 +69,6 @@ class Desktop final : private app::Views {
 
     void DrawMain();
     void ChangeValue(const QLabel& value);
-    void Refresh(app::Window window) const;
     void OpenSource(app::Window window, const QString& path);
     void End(int exitCode);
 
