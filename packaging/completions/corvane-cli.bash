@@ -4,7 +4,7 @@ _corvane_cli() {
     _init_completion -n = || return
     current=${words[cword]}
     previous=${words[cword - 1]}
-    local commands="models assemble compile format build check disassemble run test"
+    local commands="models assemble compile format build check disassemble run test debug"
     local command="" word
     for word in "${words[@]:1:cword-1}"; do
         if [[ " $commands " == *" $word "* ]]; then
@@ -64,6 +64,11 @@ _corvane_cli() {
                 -t --trace --state -q --quiet --clock --eeprom-write-time --ad-conversion-time
                 --until --expect --never --strict --time --vcd --signals --coverage --profile
                 --eeprom --save-eeprom --source" \
+                '@(asm|bas|hex)'
+            ;;
+        debug)
+            _corvane_cli_arguments "$general $assembler --no-source --format -n --steps -c --cycles -b --break -s --stimulus
+                --clock --eeprom-write-time --ad-conversion-time --strict --time --eeprom" \
                 '@(asm|bas|hex)'
             ;;
         test)

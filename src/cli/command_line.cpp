@@ -9,6 +9,7 @@
 #include "cli/build_command.h"
 #include "cli/check_command.h"
 #include "cli/compile_command.h"
+#include "cli/debug_command.h"
 #include "cli/diagnostics.h"
 #include "cli/disassemble_command.h"
 #include "cli/format_command.h"
@@ -216,9 +217,6 @@ void AddExpectations(CLI::App& app, RunOptions& options) {
         ->type_name("EXPR");
     AddExpression(app, "--expect", expectations.expected, "Must not be 0 when the run ends");
     AddExpression(app, "--never", expectations.never, "Must be 0 after every step");
-    AddFaultsOption(app, "--strict", expectations.faults, "End at the first fault of the program");
-    app.add_option("--time", options.time, "End once so much simulated time has passed")
-        ->type_name("DURATION");
 }
 
 void AddRecordings(CLI::App& app, RunOptions& options) {
@@ -230,43 +228,57 @@ void AddRecordings(CLI::App& app, RunOptions& options) {
     AddOutput(app, "--coverage", recordings.coverageFile, "Write executed lines as lcov does");
     AddOutput(app, "--profile", recordings.profileFile,
               "Write cycles per line and subroutine as callgrind does");
-    AddOutput(app, "--eeprom", options.eepromFile, "The EEPROM's content before the first step");
     AddOutput(app, "--save-eeprom", options.saveEepromFile, "Write the EEPROM's content");
     app.add_flag("--source", recordings.traceSource,
                  "Name the source line in each line of the trace");
+}
+
+// What runs, and how far.
+void AddSimulation(CLI::App& app, RunOptions& options) {
+    AddSource(app, options.program,
+              "Program, or source to build first: .hex, .asm, .bas, or a pipe");
+    AddFormat(app, options.kind);
+    AddNumberOption(app, "-n,--steps", options.limits.steps, 0, "End after N steps");
+    AddNumberOption(app, "-c,--cycles", options.limits.clockCycles, 0,
+                    "End once N clock cycles have passed");
+    app.add_option("--time", options.time, "End once so much simulated time has passed")
+        ->type_name("DURATION");
+    AddHexListOption(app, "-b,--break", options.breakpoints, kHighestAddress, kMaxBreakpoints,
+                     "End when pc is this address after a step; up to 10 times");
+    AddOutput(app, "-s,--stimulus", options.stimulusFile, "Pin and analog events");
+    AddFaultsOption(app, "--strict", options.expectations.faults,
+                    "End at the first fault of the program");
+    AddOutput(app, "--eeprom", options.eepromFile, "The EEPROM's content before the first step");
+    AddFrequencyOption(app, "--clock", options.clockFrequency, kClockDescription,
+                       [&options](const std::string& text) {
+                           options.clock = inspect::ReadClock(text).value_or(options.clock);
+                       });
+    AddAssembler(app, options.assembler);
+    AddNoSource(app, options.withoutSource);
+    AddNumberOption(app, "--eeprom-write-time", options.eepromWriteTime, 1,
+                    "Clock cycles of an EEPROM write");
+    AddNumberOption(app, "--ad-conversion-time", options.adConversionTime, 1,
+                    "Clock cycles of an A/D conversion");
 }
 
 void AddRun(CommandLine& line) {
     AddCommand<RunOptions>(
         line, "run", "Simulates a program",
         [](CLI::App& app, RunOptions& options) {
-            AddSource(app, options.program,
-                      "Program, or source to build first: .hex, .asm, .bas, or a pipe");
-            AddFormat(app, options.kind);
-            AddNumberOption(app, "-n,--steps", options.limits.steps, 0, "End after N steps");
-            AddNumberOption(app, "-c,--cycles", options.limits.clockCycles, 0,
-                            "End once N clock cycles have passed");
-            AddHexListOption(app, "-b,--break", options.breakpoints, kHighestAddress,
-                             kMaxBreakpoints,
-                             "End when pc is this address after a step; up to 10 times");
-            AddOutput(app, "-s,--stimulus", options.stimulusFile, "Pin and analog events");
+            AddSimulation(app, options);
             AddOutput(app, "-t,--trace", options.recordings.traceFile, "Write one line per step");
             AddOutput(app, "--state", options.stateFile, "Write the final state as JSON");
             app.add_flag("-q,--quiet", options.quiet, "No statistics message");
-            AddFrequencyOption(app, "--clock", options.clockFrequency, kClockDescription,
-                               [&options](const std::string& text) {
-                                   options.clock = inspect::ReadClock(text).value_or(options.clock);
-                               });
-            AddAssembler(app, options.assembler);
-            AddNoSource(app, options.withoutSource);
-            AddNumberOption(app, "--eeprom-write-time", options.eepromWriteTime, 1,
-                            "Clock cycles of an EEPROM write");
-            AddNumberOption(app, "--ad-conversion-time", options.adConversionTime, 1,
-                            "Clock cycles of an A/D conversion");
             AddExpectations(app, options);
             AddRecordings(app, options);
         },
         RunProgram);
+}
+
+void AddDebug(CommandLine& line) {
+    AddCommand<RunOptions>(line, "debug",
+                           "Debugs a program: steps and goes back, by commands read line by line",
+                           AddSimulation, Debug);
 }
 
 void AddTest(CommandLine& line) {
@@ -339,7 +351,7 @@ int RunCommandLine(int argc, const char* const* argv) {
     line.app.set_version_flag("--version", "");
     AddModelOptions(line.app, line.model);
     for (const auto add : {AddModels, AddAssemble, AddCompile, AddFormatCommand, AddBuild, AddCheck,
-                           AddDisassemble, AddRun, AddTest}) {
+                           AddDisassemble, AddRun, AddTest, AddDebug}) {
         add(line);
     }
     const CommandResult result = ParseAndRun(line, argc, argv);

@@ -25,6 +25,14 @@ void CatchInterrupts() {
     }
 }
 
+void CatchCtrlC() {
+    std::signal(SIGINT, RaiseFlag);
+}
+
+void ForgetInterrupt() {
+    interrupted = 0;
+}
+
 SignalsWait::SignalsWait() {
     sigset_t signals;
     sigemptyset(&signals);

@@ -8,6 +8,12 @@ namespace corvane::cli {
 // From now on Ctrl-C (SIGINT), SIGTERM and the end of the terminal (SIGHUP) only raise a flag.
 void CatchInterrupts();
 
+// From now on Ctrl-C raises the flag; the other requests end the program at once.
+void CatchCtrlC();
+
+// As if none had come.
+void ForgetInterrupt();
+
 // True when one of them has come.
 bool IsInterrupted();
 

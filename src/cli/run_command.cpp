@@ -9,13 +9,10 @@
 #include "cli/eeprom_file.h"
 #include "cli/interrupt.h"
 #include "cli/output.h"
-#include "cli/program_input.h"
-#include "cli/source_input.h"
+#include "cli/simulation.h"
 #include "cli/state_json.h"
 #include "common/number_text.h"
 #include "common/text.h"
-#include "common/text_file.h"
-#include "core/reset.h"
 #include "inspect/faults.h"
 #include "inspect/observed_run.h"
 #include "inspect/report.h"
@@ -26,68 +23,6 @@
 namespace corvane::cli {
 
 namespace {
-
-struct Simulation {
-    core::Processor processor;
-    project::Program program;
-    std::vector<StimulusEvent> events;
-    std::vector<std::uint8_t> eeprom;  // empty when it is to be left as it is
-};
-
-common::Result<std::vector<StimulusEvent>> ReadEvents(const RunOptions& options,
-                                                      const models::Model& model) {
-    if (options.stimulusFile.empty()) {
-        return common::Result<std::vector<StimulusEvent>>::Success({});
-    }
-    const common::Result<std::string> text = common::ReadTextFileOrPipe(options.stimulusFile);
-    if (!text) {
-        return common::Result<std::vector<StimulusEvent>>::Failure(
-            ErrorText(options.stimulusFile, text.error));
-    }
-    return ReadStimulus(options.stimulusFile, *text, model);
-}
-
-common::Result<std::vector<std::uint8_t>> ReadEeprom(const RunOptions& options,
-                                                     const models::Model& model) {
-    return options.eepromFile.empty() ? common::Result<std::vector<std::uint8_t>>::Success({})
-                                      : ReadEepromFile(options.eepromFile, model);
-}
-
-// Reads the input files and loads the program.
-common::Result<Simulation, CommandResult> PrepareSimulation(const RunOptions& options) {
-    using PrepareResult = common::Result<Simulation, CommandResult>;
-    common::Result<project::LoadedProgram, CommandResult> loaded =
-        LoadOrReport({.file = options.program,
-                      .kind = options.kind,
-                      .model = options.model,
-                      .assembler = options.assembler,
-                      .withoutSource = options.withoutSource,
-                      .clockFrequency = options.clockFrequency});
-    if (!loaded) {
-        return PrepareResult::Failure(std::move(loaded.error));
-    }
-    project::ModelFile& modelFile = loaded->modelFile;
-    project::Program program = project::WithNames(*loaded);
-    common::Result<std::vector<StimulusEvent>> events = ReadEvents(options, *modelFile.model);
-    if (!events) {
-        return PrepareResult::Failure(Refused(events.error));
-    }
-    common::Result<std::vector<std::uint8_t>> eeprom = ReadEeprom(options, *modelFile.model);
-    if (!eeprom) {
-        return PrepareResult::Failure(Refused(eeprom.error));
-    }
-    if (!options.recordings.coverageFile.empty() && !project::HasSource(program)) {
-        return PrepareResult::Failure(Refused(ErrorText(
-            options.program, "Coverage is told by lines, and this program has no source.")));
-    }
-    core::Processor processor =
-        core::MakeProcessor(*modelFile.model, std::move(modelFile.description));
-    processor.eepromWriteTime = options.eepromWriteTime;
-    processor.adConversionTime = options.adConversionTime;
-    core::FillProgramMemory(processor, program.image.words);
-    return PrepareResult::Success({std::move(processor), std::move(program),
-                                   *std::move(events.value), *std::move(eeprom.value)});
-}
 
 float SecondsSinceMidnight() {
     using Seconds = std::chrono::duration<double>;
@@ -139,15 +74,6 @@ CommandResult ResultOfRun(const RunOptions& options, const core::Processor& proc
                                                common::Hex4(state.pc) + ".")};
     }
     return {};
-}
-
-void Start(Simulation& simulation) {
-    core::StartSimulation(simulation.processor);
-    if (!simulation.eeprom.empty()) {
-        std::copy(simulation.eeprom.begin(), simulation.eeprom.end(),
-                  simulation.processor.state.eepromMemory.begin());
-        core::StateChanged(simulation.processor);
-    }
 }
 
 std::optional<std::string> WriteState(Output& output, const Simulation& simulation) {
@@ -212,7 +138,7 @@ class Simulator {
         const float startTime = SecondsSinceMidnight() - 0.01F;
         run_.Begin();
         recordings_.Begin(run_.Now());
-        const auto end = RunToEnd(run_, Limits(), simulation_.events, recordings_);
+        const auto end = RunToEnd(run_, LimitsOf(options_), simulation_.events, recordings_);
         if (!end) {
             return Refused(end.error);
         }
@@ -222,14 +148,6 @@ class Simulator {
     }
 
   private:
-    RunLimits Limits() const {
-        RunLimits limits = options_.limits;
-        if (const auto time = inspect::ReadDuration(options_.time, options_.clock)) {
-            limits.clockCycles = std::min(*time, limits.clockCycles.value_or(*time));
-        }
-        return limits;
-    }
-
     std::optional<std::string> OpenFiles() {
         if (auto error = recordings_.Open(run_)) {
             return error;
@@ -291,15 +209,8 @@ class Simulator {
 std::optional<std::string> UsageError(const RunOptions& options) {
     const RecordingOptions& recordings = options.recordings;
     const std::string& program = options.program;
-    if (!options.kind && !project::IsOfUnnamedKind(program)) {
-        if (auto error =
-                WrongKind(program, {project::ProgramKind::Hex, project::ProgramKind::Assembler,
-                                    project::ProgramKind::Basic})) {
-            return error;
-        }
-    }
-    if (!options.time.empty() && !inspect::ReadDuration(options.time, options.clock)) {
-        return "corvane-cli: --time: '" + options.time + "' is no duration such as 20ms.";
+    if (auto error = ProgramUsageError(options)) {
+        return error;
     }
     if (!options.expectations.until.empty() && !options.limits.steps &&
         !options.limits.clockCycles && options.time.empty()) {

@@ -93,6 +93,10 @@ EventResult ReadEvent(const std::vector<std::string_view>& fields, const models:
 
 }  // namespace
 
+common::Result<StimulusEvent> ReadStimulusEvent(std::string_view line, const models::Model& model) {
+    return ReadEvent(Fields(line), model);
+}
+
 common::Result<std::vector<StimulusEvent>> ReadStimulus(const std::string& file,
                                                         std::string_view text,
                                                         const models::Model& model) {

@@ -21,4 +21,7 @@ common::Result<std::vector<StimulusEvent>> ReadStimulus(const std::string& file,
                                                         std::string_view text,
                                                         const models::Model& model);
 
+// One such line; the error says only what is wrong with it.
+common::Result<StimulusEvent> ReadStimulusEvent(std::string_view line, const models::Model& model);
+
 }  // namespace corvane::cli

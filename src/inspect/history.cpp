@@ -189,6 +189,9 @@ History::Played History::Play(const Stretch& stretch) {
             end = stretch.endsWhenFound ? PlayEnd::Found : end;
         }
     }
+    if (stretch.lookout != nullptr && !stretch.endsWhenFound) {
+        found = std::max(found, stretch.lookout->LastTrue(Now()));
+    }
     return {*end, found};
 }
 

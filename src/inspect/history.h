@@ -32,6 +32,9 @@ class Lookout {
     // Whether this position is one. Called after the first step, wherever the run pauses, and
     // after events.
     virtual bool IsFoundAt(const Moment& moment) = 0;
+
+    // At the end of a stretch: the last position in it that was one without a pause telling so.
+    virtual std::optional<std::int64_t> LastTrue(const Moment& /*moment*/) { return std::nullopt; }
 };
 
 // Beyond these positions nothing goes.

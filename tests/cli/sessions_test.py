@@ -2,7 +2,7 @@
 
 --- NAME        begins a file, which ends at the next line that begins with --- or $; a "\\" at the end
                 of a line joins it to the next one, \\r, \\0 and \\xFF are bytes
-$ ARGUMENTS     runs corvane-cli; $ ls and $ cat FILE show the folder
+$ ARGUMENTS     runs corvane-cli, with "< FILE" last its input; $ ls and $ cat FILE show the folder
                 Below it stand standard output, then standard error with "! " before each line, then
                 the exit status in brackets unless it is 0. Where the output ends lines with CR LF,
                 "$ cat" says so: "(CR LF)".
@@ -27,8 +27,12 @@ class Sessions(CliCase):
             text = self.read(arguments[1])
             is_crlf = text.count("\n") == text.count("\r\n") > 0
             return text.replace("\r\n", "\n") + ("(CR LF)\n" if is_crlf else "")
+        given = b""
+        if "<" in arguments:
+            given = (self.folder / arguments.pop()).read_bytes()
+            arguments.pop()
         done = subprocess.run([CLI, *arguments], cwd=self.folder, stdout=subprocess.PIPE,
-                              stderr=subprocess.PIPE)
+                              stderr=subprocess.PIPE, input=given)
         errors = done.stderr.decode(errors="replace").splitlines(keepends=True)
         return (done.stdout.decode(errors="replace") + "".join("! " + line for line in errors)
                 + (f"[{done.returncode}]\n" if done.returncode else ""))

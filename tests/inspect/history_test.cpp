@@ -4,9 +4,9 @@
 
 #include <gtest/gtest.h>
 
-#include "core/execution.h"
 #include "core/random_program.h"
 #include "core/reset.h"
+#include "inspect/stops.h"
 #include "shipped_files.h"
 
 namespace corvane::inspect {
@@ -189,6 +189,66 @@ TEST(AHistory, GivesEveryPositionBackAsItWas) {
     EXPECT_GT(found, 1000);
 }
 
+Expression Parse(const std::string& text, const Names& names) {
+    const auto expression = ParseExpression(text, {names, {}});
+    EXPECT_TRUE(expression) << text;
+    return expression ? *expression.value : Expression{};
+}
+
+// Breakpoints and watches of all kinds, some with a condition.
+std::vector<Stop> RandomStops(const Scene& scene, core::Random& random) {
+    std::vector<Stop> stops;
+    for (int number = 1; number <= 3; ++number) {
+        Stop stop = {.number = number, .text = ""};
+        if (random.Chance(30)) {
+            stop.addresses = {random.Below(200), random.Below(200)};
+        } else {
+            const std::vector<std::string> names = {"PORTB", "FSR", "ram[0x20]", "STATUS.Z"};
+            stop.watched = Parse(random.Pick(names), scene.names);
+            stop.kind = static_cast<WatchKind>(random.Below(3));
+        }
+        if (random.Chance(40)) {
+            stop.condition = random.Chance(50) ? Parse("STEPS % 3 == 0", scene.names)
+                                               : Parse("FSR / (STEPS % 5)", scene.names);
+        }
+        stops.push_back(std::move(stop));
+    }
+    return stops;
+}
+
+TEST(AHistory, FindsTheStopsOfTheWayThereOnTheWayBack) {
+    core::Random random(15);
+    std::size_t stopsFound = 0;
+    for (int i = 0; i < 60 && !HasFatalFailure(); ++i) {
+        Scene scene(random);
+        const std::vector<Stop> stops = RandomStops(scene, random);
+        const Goal goal = {.expression = random.Chance(50)
+                                             ? std::optional(Parse("DEPTH < 1", scene.names))
+                                             : std::nullopt,
+                           .addresses = {random.Below(100)}};
+        History history(scene.processor, scene.faults, {.steps = 600, .clockCycles = {}}, kSparse);
+        history.Begin(RandomEvents(scene.model, random));
+        history.Want({{QuantityKind::Depth}});
+        std::vector<std::int64_t> found;
+        StopLookout lookout(stops, goal, scene.faults);
+        while (history.FindNext(lookout) == PlayEnd::Found) {
+            ASSERT_TRUE(lookout.IsGoal() || lookout.IsFault() || !lookout.Stops().empty());
+            found.push_back(history.Position());
+        }
+        stopsFound += found.size();
+        for (int j = 0; j < 10; ++j) {
+            history.GoTo(1 + random.Below(static_cast<int>(history.Last()) + 1));
+            const std::int64_t present = history.Position();
+            const auto next = std::lower_bound(found.begin(), found.end(), present);
+            // A goal that is an expression may hold at Start too.
+            const std::int64_t expected = next == found.begin() ? 0 : *std::prev(next);
+            ASSERT_EQ(history.FindPrevious(lookout).value_or(0), expected) << present;
+            ASSERT_EQ(history.Position(), present);
+        }
+    }
+    EXPECT_GT(stopsFound, 1000U);
+}
+
 TEST(AHistory, IsCancelledOnTheWayAndStaysSmall) {
     core::Random random(7);
     Scene scene(random);
@@ -204,7 +264,8 @@ TEST(AHistory, IsCancelledOnTheWayAndStaysSmall) {
     EXPECT_GT(history.SnapshotCount(), 100U);
     int asked = 0;
     history.CancelIf([&asked] { return ++asked > 3; });
-    ChangeLookout lookout(*ParseExpression("W", {scene.names, {}}).value);
+    const Expression w = Parse("W", scene.names);
+    ChangeLookout lookout(w);
     EXPECT_EQ(history.FindPrevious(lookout), std::nullopt);
     EXPECT_EQ(history.Position(), kFar);
     EXPECT_EQ(history.GoTo(2 * kFar), PlayEnd::Cancelled);
