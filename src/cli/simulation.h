@@ -31,6 +31,7 @@ std::optional<std::string> ProgramUsageError(const RunOptions& options);
 // Whichever of --cycles and --time comes first.
 RunLimits LimitsOf(const RunOptions& options);
 
+// Resets the chip as Start does, and puts the EEPROM's content there if one was read.
 void Start(Simulation& simulation);
 
 }  // namespace corvane::cli
