@@ -44,7 +44,8 @@ void RunTestFile(const std::string& file, const TestOptions& options,
         .names = *prepared->names,
         .timeLimit = inspect::ClocksIn({scenario::kDefaultTimeLimitSeconds, 0}, "s", clock)
                          .value_or(std::numeric_limits<std::int64_t>::max()),
-        .isCancelled = options.isCancelled};
+        .isCancelled = options.isCancelled,
+        .debugArguments = prepared->debugArguments};
     for (const scenario::Test& test : prepared->tests) {
         std::optional<scenario::Outcome> outcome = scenario::RunTest(test, bench, {});
         if (!outcome) {

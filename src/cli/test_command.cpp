@@ -107,7 +107,8 @@ class Tester {
                                        .names = *prepared->names,
                                        .faults = options_.faults,
                                        .timeLimit = TimeLimit(clock),
-                                       .isCancelled = IsInterrupted};
+                                       .isCancelled = IsInterrupted,
+                                       .debugArguments = prepared->debugArguments};
         scenario::FileReport report = {file, clock, {}};
         inspect::Coverage coverage;
         for (const scenario::Test& test : prepared->tests) {

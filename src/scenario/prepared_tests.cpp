@@ -5,6 +5,7 @@
 #include <system_error>
 #include <utility>
 
+#include "common/decimal_text.h"
 #include "common/text.h"
 #include "common/text_file.h"
 #include "scenario/statement_reader.h"
@@ -25,12 +26,15 @@ project::ModelChoice ModelOf(const Setup& setup, const std::string& modelFolder)
     return model;
 }
 
+std::string ProgramOf(const std::string& file, const Setup& setup) {
+    return (fs::path(file).parent_path() / setup.program).lexically_normal().string();
+}
+
 std::optional<project::LoadedProgram> LoadProgramOf(const std::string& file, const Setup& setup,
                                                     const std::string& modelFolder,
                                                     const project::AssemblerChoice& assembler,
                                                     project::Messages& messages) {
-    const std::string program =
-        (fs::path(file).parent_path() / setup.program).lexically_normal().string();
+    const std::string program = ProgramOf(file, setup);
     if (!project::IsOfUnnamedKind(program) &&
         project::KindOf(program) == project::ProgramKind::Unknown) {
         project::AddError(messages, file, setup.programLine,
@@ -58,6 +62,43 @@ std::optional<ReadError> ReadTests(const TestFile& lines, PreparedTests& prepare
         prepared.tests.push_back(*std::move(read.value));
     }
     return std::nullopt;
+}
+
+// As one word of a shell's command.
+std::string ShellWord(const std::string& text) {
+    constexpr std::string_view kPlain =
+        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_-./";
+    if (!text.empty() && text.find_first_not_of(kPlain) == std::string::npos) {
+        return text;
+    }
+    std::string word = "'";
+    for (const char c : text) {
+        word += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    }
+    return word + "'";
+}
+
+std::string DebugArguments(const std::string& program, const Setup& setup,
+                           const project::AssemblerChoice& assembler) {
+    if (!setup.eeprom.empty() || program.starts_with('-')) {
+        return "";
+    }
+    const Setup usual;
+    std::string arguments = ShellWord(program);
+    arguments += setup.modelName.empty() ? "" : " -m " + ShellWord(setup.modelName);
+    if (setup.clockFrequency != usual.clockFrequency) {
+        arguments += " --clock " + common::DecimalText(setup.clockFrequency);
+    }
+    if (setup.eepromWriteTime != usual.eepromWriteTime) {
+        arguments += " --eeprom-write-time " + std::to_string(setup.eepromWriteTime);
+    }
+    if (setup.adConversionTime != usual.adConversionTime) {
+        arguments += " --ad-conversion-time " + std::to_string(setup.adConversionTime);
+    }
+    if (project::IsForGpasm(assembler, program)) {
+        arguments += " --assembler gpasm";
+    }
+    return arguments;
 }
 
 }  // namespace
@@ -102,7 +143,12 @@ std::optional<PreparedTests> PrepareTests(const std::string& file, const std::st
         return std::nullopt;
     }
     project::Program program = project::WithNames(*loaded);
-    PreparedTests prepared = {read->setup, *std::move(loaded), std::move(program), nullptr, {}};
+    PreparedTests prepared = {read->setup,
+                              *std::move(loaded),
+                              std::move(program),
+                              nullptr,
+                              {},
+                              DebugArguments(ProgramOf(file, read->setup), read->setup, assembler)};
     const project::ModelFile& modelFile = prepared.loaded.modelFile;
     if (const auto error = EepromError(prepared.setup, *modelFile.model)) {
         return refuse(*error);

@@ -28,6 +28,7 @@ struct PreparedTests {
     project::Program program;               // the same with its names and lines
     std::unique_ptr<inspect::Names> names;  // of the program
     std::vector<Test> tests;
+    std::string debugArguments;  // for Bench
 };
 
 // Builds the program when it is a source; the model folder may be empty. Nothing when the file is

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/reset.h"
+#include "scenario/debug_hint.h"
 #include "scenario/subroutine_call.h"
 
 namespace corvane::scenario {
@@ -62,6 +63,7 @@ class TestRun {
         if (isCancelled_) {
             return std::nullopt;
         }
+        AddHint();
         return Outcome{test_.name, Time(), std::move(failure_), failedLine_};
     }
 
@@ -109,10 +111,39 @@ class TestRun {
 
     // The time of the test: CLOCKS, and those before its last Start.
     std::int64_t Time() const { return timeBeforeStart_ + processor_.state.clockCycles; }
+    std::int64_t Steps() const { return run_.Now().measurements.Steps(); }
     bool HasEnded() const { return processor_.state.stopRequested; }
 
     // False when the test is over.
     bool Perform(const Statement& statement) {
+        const Inputs before = InputsOf(processor_.state);
+        if (ChangesInputs(statement)) {
+            hint_.Note(before, InputsOf(processor_.state), Steps());
+            return true;
+        }
+        switch (statement.action) {
+            case Action::Never:
+            case Action::Always:
+                standing_.push_back({&statement, statement.action == Action::Never});
+                return true;
+            case Action::Reset:
+                hint_.GiveUp();
+                Reset();
+                return true;
+            case Action::Call:
+                hint_.GiveUp();
+                return Call(statement);
+            case Action::Expect:
+                return Expect(statement);
+            case Action::End:
+                return End();
+            default:
+                return Wait(statement);
+        }
+    }
+
+    // Does it, if the statement is one of those.
+    bool ChangesInputs(const Statement& statement) {
         switch (statement.action) {
             case Action::Set:
                 inspect::SetPin(processor_, statement.pin, statement.value == 1);
@@ -132,10 +163,6 @@ class TestRun {
             case Action::Release:
                 run_.Release(statement.pin);
                 return true;
-            case Action::Never:
-            case Action::Always:
-                standing_.push_back({&statement, statement.action == Action::Never});
-                return true;
             case Action::Serial:
                 schedule_.Open(statement.serial, run_);
                 return true;
@@ -143,18 +170,15 @@ class TestRun {
                 schedule_.Send(statement.serial, statement.bytes, Time());
                 schedule_.ApplyDue(run_, Time());
                 return true;
-            case Action::Reset:
-                Reset();
-                return true;
-            case Action::Call:
-                return Call(statement);
-            case Action::Expect:
-                return Expect(statement);
-            case Action::End:
-                return End();
             default:
-                return Wait(statement);
+                return false;
         }
+    }
+
+    void ApplyDue() {
+        const Inputs before = InputsOf(processor_.state);
+        schedule_.ApplyDue(run_, Time());
+        hint_.Note(before, InputsOf(processor_.state), Steps());
     }
 
     void Toggle(const Statement& statement) {
@@ -291,7 +315,7 @@ class TestRun {
             constexpr std::int64_t kLongestSlice = 1'000'000;  // steps between two looks around
             const std::int64_t due = std::min(end, schedule_.NextDue(Time()));
             const inspect::Pause pause = run_.Advance(kLongestSlice, due - timeBeforeStart_);
-            schedule_.ApplyDue(run_, Time());
+            ApplyDue();
             WriteWaveform();
             const std::optional<Passed> passed = PassedAt(pause);
             if (passed) {
@@ -435,6 +459,13 @@ class TestRun {
         failure_.push_back(reason + ", " + inspect::AfterText(Scene()) + ": " + Values(statement));
     }
 
+    void AddHint() {
+        const std::string hint = hint_.Text(bench_.debugArguments, Steps());
+        if (!failure_.empty() && !hint.empty()) {
+            failure_.push_back(hint);
+        }
+    }
+
     const Test& test_;
     const Bench& bench_;
     const Recorders& recorders_;
@@ -443,6 +474,7 @@ class TestRun {
     inspect::FaultFinder faults_;
     std::int64_t timeBeforeStart_ = 0;
     Schedule schedule_;
+    DebugHint hint_;
     std::vector<Standing> standing_;
     std::vector<const Statement*> conditionOwners_;
     const Statement* statement_ = nullptr;  // under way

@@ -32,6 +32,7 @@ struct Bench {
     inspect::FaultSet faults{};  // that fail a test
     std::int64_t timeLimit = 0;  // clock cycles of each test
     std::function<bool()> isCancelled = [] { return false; };
+    std::string debugArguments{};  // with which the debugger starts like a test; empty: it cannot
 };
 
 // What looks at a test besides its own lines; either may be missing.

@@ -8,7 +8,7 @@ import subprocess
 import unittest
 import xml.etree.ElementTree
 
-from cli_case import FAILED, SOURCE, CliCase
+from cli_case import CLI, FAILED, SOURCE, CliCase
 
 EXAMPLES = {"timer0_interrupt": ["-n", 300], "deep_calls": [], "table_lookup": [],
             "indirect_addressing": [], "port_change_interrupt": ["-n", 150]}
@@ -109,6 +109,17 @@ class Recordings(CliCase):
                          "$p->run; print join ' ', $p->version, $p->passed, 'of', $p->tests_planned, "
                          "$p->parse_errors")
         self.assertEqual(told, "13 1 of 2")
+
+    def test_a_failure_names_the_way_to_it_in_the_debugger(self):
+        self.write("my a.asm", "COUNT EQU 0x0C\nL INCF COUNT,F\n BTFSC PORTA,1\n INCF COUNT,F\n GOTO L\n")
+        self.write("a.test", 'program my a.asm\nclock 8 MHz\ntest "pins on the way"\n set RA0 1\n wait 20 us\n'
+                             ' press RA1 for 5 us\n wait 20 us\n expect COUNT == 200\n')
+        told = self.cli("test", "a.test", status=FAILED)
+        count = re.search(r"COUNT = (\d+)", told)[1]
+        way = re.search(r"^ +(\(.*)", told, re.MULTILINE)[1]
+        self.assertIn("echo set RA1 1; echo goto ", way)
+        command = way.replace("cat)", "echo print COUNT)").replace("corvane-cli", CLI)
+        self.assertIn(f"\n{count} 0x", self.tool("sh", "-c", command))
 
 
 if __name__ == "__main__":
