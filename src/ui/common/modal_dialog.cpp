@@ -72,6 +72,9 @@ class InFront final : public QObject {
 }  // namespace
 
 int RunModal(QDialog& dialog, QWidget* window) {
+    if (window != nullptr && window->testAttribute(Qt::WA_DeleteOnClose) && !window->isVisible()) {
+        return QDialog::Rejected;  // it was closed before its command came to ask
+    }
     const PutOffClose putOffClose(window);
     const InFront inFront(dialog);
     return dialog.exec();

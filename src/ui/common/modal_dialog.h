@@ -9,6 +9,7 @@ namespace corvane::ui {
 // window that its closing deletes stays until this function returns, which can be after the person
 // has answered: dialogs of other windows that were opened meanwhile return first. A close in
 // between takes place then.
+// Rejected at once for such a window that is closed already.
 int RunModal(QDialog& dialog, QWidget* window);
 
 }  // namespace corvane::ui
