@@ -209,9 +209,21 @@ class Desktop(Screen):
         self.press(key)
         self.wait_until_gone(message)
 
+    def enter(self, text):
+        """Types into the field that has the keyboard. A dialog that has just come up may lose the
+        first keys, which a person sees and types again."""
+        for _ in range(3):
+            self.press("ctrl+a")
+            self.type(text)
+            end = time.monotonic() + 5
+            while time.monotonic() < end:
+                if text in self.texts():
+                    return
+                time.sleep(0.05)
+
     def choose_file(self, title, path):
         self.wait_for_text(title)
-        self.type(str(path))
+        self.enter(str(path))
         self.press("Return")
         self.wait_until_gone(title)
 
