@@ -22,7 +22,7 @@
 #include "core/execution.h"
 #include "models/symbol_lines.h"
 #include "silent_dialogs.h"
-#include "ui/main/desktop.h"
+#include "ui/desktop/desktop.h"
 
 namespace corvane::ui {
 namespace {

@@ -5,7 +5,7 @@
 #include <cstdio>
 
 #include "monkey/monkey.h"
-#include "ui/common/ini_settings_store.h"
+#include "ui/desktop/ini_settings_store.h"
 
 namespace corvane::monkey {
 

@@ -8,7 +8,7 @@
 #include <set>
 
 #include "monkey/playground.h"
-#include "ui/main/desktop.h"
+#include "ui/desktop/desktop.h"
 
 namespace corvane::monkey {
 

@@ -7,7 +7,7 @@
 #include <QFileDialog>
 #include <QLineEdit>
 
-#include "ui/common/qt_dialogs.h"
+#include "ui/window/qt_dialogs.h"
 
 namespace corvane::monkey {
 

@@ -5,19 +5,19 @@
 #include <optional>
 #include <string>
 
-#include "cli/assemble_command.h"
-#include "cli/build_command.h"
-#include "cli/check_command.h"
-#include "cli/compile_command.h"
-#include "cli/debug_command.h"
+#include "cli/commands/assemble_command.h"
+#include "cli/commands/build_command.h"
+#include "cli/commands/check_command.h"
+#include "cli/commands/compile_command.h"
+#include "cli/commands/debug_command.h"
+#include "cli/commands/disassemble_command.h"
+#include "cli/commands/format_command.h"
+#include "cli/commands/models_command.h"
+#include "cli/commands/run_command.h"
+#include "cli/commands/test_command.h"
 #include "cli/diagnostics.h"
-#include "cli/disassemble_command.h"
-#include "cli/format_command.h"
-#include "cli/models_command.h"
 #include "cli/option_values.h"
 #include "cli/output.h"
-#include "cli/run_command.h"
-#include "cli/test_command.h"
 
 namespace corvane::cli {
 

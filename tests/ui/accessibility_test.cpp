@@ -6,10 +6,10 @@
 #include <QSet>
 #include <QTimer>
 
-#include "ui/common/qt_dialogs.h"
 #include "ui/desktop_fixture.h"
 #include "ui/dialogs/configuration_bits_dialog.h"
 #include "ui/dialogs/select_microcontroller_dialog.h"
+#include "ui/window/qt_dialogs.h"
 
 namespace corvane::ui {
 namespace {

@@ -10,8 +10,8 @@
 #include <optional>
 
 #include "app/fakes.h"
-#include "ui/common/bit_cell.h"
-#include "ui/main/desktop.h"
+#include "ui/desktop/desktop.h"
+#include "ui/widgets/bit_cell.h"
 
 namespace corvane::ui {
 

@@ -14,9 +14,9 @@
 #include <functional>
 #include <set>
 
-#include "ui/common/qt_dialogs.h"
 #include "ui/dialogs/configuration_bits_dialog.h"
 #include "ui/dialogs/select_microcontroller_dialog.h"
+#include "ui/window/qt_dialogs.h"
 
 namespace corvane::ui {
 namespace {

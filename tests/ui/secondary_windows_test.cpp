@@ -11,8 +11,8 @@
 #include <QTreeWidget>
 #include <algorithm>
 
-#include "ui/common/window_placement.h"
 #include "ui/desktop_fixture.h"
+#include "ui/window/window_placement.h"
 
 namespace corvane::ui {
 namespace {

@@ -1,4 +1,4 @@
-#include "ui/common/ini_settings_store.h"
+#include "ui/desktop/ini_settings_store.h"
 
 #include "app/fakes.h"
 

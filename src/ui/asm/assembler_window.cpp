@@ -12,11 +12,11 @@
 #include "asm/line_coloring.h"
 #include "common/text.h"
 #include "project/program_kind.h"
-#include "ui/common/command.h"
-#include "ui/common/modal_dialog.h"
-#include "ui/common/window_placement.h"
 #include "ui/dialogs/configuration_bits_dialog.h"
 #include "ui/editor/text_view_window.h"
+#include "ui/window/command.h"
+#include "ui/window/modal_dialog.h"
+#include "ui/window/window_placement.h"
 
 namespace corvane::ui {
 

@@ -3,8 +3,8 @@
 
 #include "app/translate.h"
 #include "ui/asm/output_pane.h"
-#include "ui/common/progress_frame.h"
 #include "ui/editor/source_window.h"
+#include "ui/window/progress_frame.h"
 
 class QSplitter;
 

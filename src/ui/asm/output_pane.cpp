@@ -11,9 +11,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "ui/common/command.h"
-#include "ui/common/data_font.h"
-#include "ui/common/tinted.h"
+#include "ui/widgets/data_font.h"
+#include "ui/widgets/tinted.h"
+#include "ui/window/command.h"
 
 namespace corvane::ui {
 

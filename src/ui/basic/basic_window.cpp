@@ -6,7 +6,7 @@
 
 #include "app/translate.h"
 #include "basic/editor_form.h"
-#include "ui/common/command.h"
+#include "ui/window/command.h"
 
 namespace corvane::ui {
 

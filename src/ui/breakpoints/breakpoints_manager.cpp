@@ -8,8 +8,8 @@
 #include <algorithm>
 #include <span>
 
-#include "ui/common/data_font.h"
-#include "ui/common/value_actions.h"
+#include "ui/widgets/data_font.h"
+#include "ui/window/value_actions.h"
 
 namespace corvane::ui {
 

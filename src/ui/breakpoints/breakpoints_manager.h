@@ -5,9 +5,9 @@
 #include <memory>
 
 #include "ui/breakpoints/listing_view.h"
-#include "ui/common/data_label.h"
-#include "ui/common/dialogs_factory.h"
-#include "ui/common/secondary_window.h"
+#include "ui/widgets/data_label.h"
+#include "ui/window/dialogs_factory.h"
+#include "ui/window/secondary_window.h"
 
 namespace corvane::ui {
 

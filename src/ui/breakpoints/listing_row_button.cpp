@@ -6,9 +6,9 @@
 #include <array>
 
 #include "common/text.h"
-#include "ui/common/data_font.h"
-#include "ui/common/qt_text.h"
-#include "ui/common/tinted.h"
+#include "ui/widgets/data_font.h"
+#include "ui/widgets/qt_text.h"
+#include "ui/widgets/tinted.h"
 
 namespace corvane::ui {
 

@@ -11,7 +11,7 @@
 
 #include "common/text.h"
 #include "ui/breakpoints/accessible_listing.h"
-#include "ui/common/qt_text.h"
+#include "ui/widgets/qt_text.h"
 
 namespace corvane::ui {
 

@@ -9,7 +9,7 @@
 #include <cmath>
 #include <utility>
 
-#include "ui/common/data_label.h"
+#include "ui/widgets/data_label.h"
 
 namespace corvane::ui {
 

@@ -5,7 +5,7 @@
 #include <QVBoxLayout>
 
 #include "ui/chipview/analog_panel.h"
-#include "ui/common/fitting_area.h"
+#include "ui/widgets/fitting_area.h"
 
 namespace corvane::ui {
 

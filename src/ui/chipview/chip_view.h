@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "ui/chipview/pin_controls.h"
-#include "ui/common/secondary_window.h"
+#include "ui/window/secondary_window.h"
 
 namespace corvane::ui {
 

@@ -7,7 +7,7 @@
 #include <algorithm>
 
 #include "ui/chipview/pin_label.h"
-#include "ui/common/qt_text.h"
+#include "ui/widgets/qt_text.h"
 
 namespace corvane::ui {
 

@@ -7,7 +7,7 @@
 #include "models/package.h"
 #include "ui/chipview/input_button.h"
 #include "ui/chipview/package_diagram.h"
-#include "ui/common/data_label.h"
+#include "ui/widgets/data_label.h"
 
 namespace corvane::ui {
 

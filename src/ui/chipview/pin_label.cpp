@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <QStringList>
 
-#include "ui/common/qt_text.h"
+#include "ui/widgets/qt_text.h"
 
 namespace corvane::ui {
 

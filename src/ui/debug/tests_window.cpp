@@ -11,11 +11,11 @@
 
 #include "app/source_file.h"
 #include "scenario/prepared_tests.h"
-#include "ui/common/accessible_window.h"
-#include "ui/common/data_font.h"
-#include "ui/common/event_pump.h"
-#include "ui/common/path_label.h"
 #include "ui/editor/text_view_window.h"
+#include "ui/widgets/data_font.h"
+#include "ui/widgets/path_label.h"
+#include "ui/window/accessible_window.h"
+#include "ui/window/event_pump.h"
 
 namespace corvane::ui {
 

@@ -9,7 +9,7 @@
 
 #include "app/firmware_tests.h"
 #include "app/workbench.h"
-#include "ui/common/dialogs_factory.h"
+#include "ui/window/dialogs_factory.h"
 
 class QLabel;
 class QPushButton;

@@ -9,8 +9,8 @@
 #include <utility>
 
 #include "models/catalogue.h"
-#include "ui/common/accessible_window.h"
-#include "ui/common/application_icon.h"
+#include "ui/desktop/application_icon.h"
+#include "ui/window/accessible_window.h"
 
 namespace corvane::ui {
 

@@ -8,7 +8,7 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-#include "ui/common/qt_text.h"
+#include "ui/widgets/qt_text.h"
 
 namespace corvane::ui {
 

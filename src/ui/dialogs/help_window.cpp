@@ -17,9 +17,9 @@
 #include <QVBoxLayout>
 #include <functional>
 
-#include "ui/common/accessible_window.h"
-#include "ui/common/clear_button.h"
-#include "ui/common/text_search.h"
+#include "ui/widgets/clear_button.h"
+#include "ui/window/accessible_window.h"
+#include "ui/window/text_search.h"
 
 namespace corvane::ui {
 

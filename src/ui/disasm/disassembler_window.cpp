@@ -14,9 +14,9 @@
 #include "common/settings_store.h"
 #include "common/text.h"
 #include "disasm/listing.h"
-#include "ui/common/command.h"
-#include "ui/common/data_font.h"
-#include "ui/common/qt_text.h"
+#include "ui/widgets/data_font.h"
+#include "ui/widgets/qt_text.h"
+#include "ui/window/command.h"
 
 namespace corvane::ui {
 

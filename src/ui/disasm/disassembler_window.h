@@ -4,10 +4,10 @@
 #include <QTimer>
 #include <memory>
 
-#include "ui/common/dialogs_factory.h"
-#include "ui/common/progress_frame.h"
-#include "ui/common/secondary_window.h"
 #include "ui/printing/printing.h"
+#include "ui/window/dialogs_factory.h"
+#include "ui/window/progress_frame.h"
+#include "ui/window/secondary_window.h"
 
 class QAction;
 class QMenuBar;

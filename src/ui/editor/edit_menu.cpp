@@ -4,7 +4,7 @@
 #include <QTextCursor>
 #include <QTextDocument>
 
-#include "ui/common/command.h"
+#include "ui/window/command.h"
 
 namespace corvane::ui {
 

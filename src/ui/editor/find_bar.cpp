@@ -9,8 +9,8 @@
 #include <QPushButton>
 #include <QTextBlock>
 
-#include "ui/common/clear_button.h"
-#include "ui/common/text_search.h"
+#include "ui/widgets/clear_button.h"
+#include "ui/window/text_search.h"
 
 namespace corvane::ui {
 

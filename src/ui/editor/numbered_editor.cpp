@@ -5,8 +5,8 @@
 #include <QTextBlock>
 #include <algorithm>
 
-#include "ui/common/data_font.h"
-#include "ui/common/tinted.h"
+#include "ui/widgets/data_font.h"
+#include "ui/widgets/tinted.h"
 
 namespace corvane::ui {
 

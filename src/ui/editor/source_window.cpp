@@ -10,9 +10,9 @@
 #include <utility>
 
 #include "common/text.h"
-#include "ui/common/command.h"
-#include "ui/common/event_pump.h"
 #include "ui/editor/edit_menu.h"
+#include "ui/window/command.h"
+#include "ui/window/event_pump.h"
 
 namespace corvane::ui {
 

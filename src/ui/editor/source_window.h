@@ -9,8 +9,6 @@
 
 #include "app/source_file.h"
 #include "common/progress.h"
-#include "ui/common/dialogs_factory.h"
-#include "ui/common/secondary_window.h"
 #include "ui/editor/find_bar.h"
 #include "ui/editor/list_menu.h"
 #include "ui/editor/source_editor.h"
@@ -18,6 +16,8 @@
 #include "ui/editor/text_encoding.h"
 #include "ui/editor/text_keeper.h"
 #include "ui/printing/printing.h"
+#include "ui/window/dialogs_factory.h"
+#include "ui/window/secondary_window.h"
 
 class QMenu;
 class QMenuBar;

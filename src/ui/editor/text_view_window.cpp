@@ -6,9 +6,9 @@
 #include <QVBoxLayout>
 
 #include "common/text.h"
-#include "ui/common/accessible_window.h"
 #include "ui/editor/numbered_editor.h"
 #include "ui/editor/text_encoding.h"
+#include "ui/window/accessible_window.h"
 
 namespace corvane::ui {
 

@@ -5,9 +5,9 @@
 
 #include "app/chip_value.h"
 #include "core/processor.h"
-#include "ui/common/data_label.h"
 #include "ui/main/last_step.h"
 #include "ui/main/register_table.h"
+#include "ui/widgets/data_label.h"
 
 namespace corvane::ui {
 

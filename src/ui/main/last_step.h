@@ -6,7 +6,7 @@
 #include <cstdint>
 
 #include "core/processor_state.h"
-#include "ui/common/step_watch.h"
+#include "ui/window/step_watch.h"
 
 namespace corvane::ui {
 

@@ -10,8 +10,8 @@
 #include <QVBoxLayout>
 #include <array>
 
-#include "ui/common/fitting_area.h"
-#include "ui/common/value_actions.h"
+#include "ui/widgets/fitting_area.h"
+#include "ui/window/value_actions.h"
 
 namespace corvane::ui {
 

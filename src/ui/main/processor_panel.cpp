@@ -3,8 +3,8 @@
 #include <QGridLayout>
 
 #include "common/number_text.h"
-#include "ui/common/heading.h"
 #include "ui/main/register_table.h"
+#include "ui/widgets/heading.h"
 
 namespace corvane::ui {
 

@@ -6,8 +6,8 @@
 
 #include "app/chip_value.h"
 #include "core/processor_state.h"
-#include "ui/common/bit_cell.h"
-#include "ui/common/data_label.h"
+#include "ui/widgets/bit_cell.h"
+#include "ui/widgets/data_label.h"
 
 namespace corvane::ui {
 

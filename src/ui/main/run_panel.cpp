@@ -4,8 +4,8 @@
 #include <QVBoxLayout>
 
 #include "project/last_instruction.h"
-#include "ui/common/heading.h"
 #include "ui/main/register_table.h"
+#include "ui/widgets/heading.h"
 
 namespace corvane::ui {
 

@@ -4,8 +4,8 @@
 #include <QGroupBox>
 
 #include "core/processor.h"
-#include "ui/common/data_label.h"
-#include "ui/common/path_label.h"
+#include "ui/widgets/data_label.h"
+#include "ui/widgets/path_label.h"
 
 namespace corvane::ui {
 

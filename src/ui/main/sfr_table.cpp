@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "common/number_text.h"
-#include "ui/common/heading.h"
+#include "ui/widgets/heading.h"
 
 namespace corvane::ui {
 

@@ -6,8 +6,8 @@
 #include <QPrinter>
 
 #include "app/page_layout.h"
-#include "ui/common/modal_dialog.h"
-#include "ui/common/qt_text.h"
+#include "ui/widgets/qt_text.h"
+#include "ui/window/modal_dialog.h"
 
 namespace corvane::ui {
 

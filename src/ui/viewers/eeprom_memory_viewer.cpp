@@ -6,7 +6,7 @@
 #include <algorithm>
 
 #include "app/memory_texts.h"
-#include "ui/common/data_font.h"
+#include "ui/widgets/data_font.h"
 
 namespace corvane::ui {
 

@@ -1,9 +1,9 @@
 // The data EEPROM, sixteen bytes a line, the highest address first.
 #pragma once
 
-#include "ui/common/dialogs_factory.h"
-#include "ui/common/secondary_window.h"
 #include "ui/viewers/memory_text.h"
+#include "ui/window/dialogs_factory.h"
+#include "ui/window/secondary_window.h"
 
 namespace corvane::ui {
 

@@ -1,10 +1,10 @@
 // The eight levels of the hardware stack.
 #pragma once
 
-#include "ui/common/data_label.h"
-#include "ui/common/dialogs_factory.h"
-#include "ui/common/secondary_window.h"
 #include "ui/viewers/memory_text.h"
+#include "ui/widgets/data_label.h"
+#include "ui/window/dialogs_factory.h"
+#include "ui/window/secondary_window.h"
 
 namespace corvane::ui {
 

@@ -5,9 +5,9 @@
 #include <QStyle>
 #include <QTextBlock>
 
-#include "ui/common/command.h"
-#include "ui/common/data_font.h"
-#include "ui/common/heading.h"
+#include "ui/widgets/data_font.h"
+#include "ui/widgets/heading.h"
+#include "ui/window/command.h"
 
 namespace corvane::ui {
 

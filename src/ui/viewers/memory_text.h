@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "ui/common/step_watch.h"
+#include "ui/window/step_watch.h"
 
 namespace corvane::ui {
 
