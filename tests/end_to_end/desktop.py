@@ -20,7 +20,7 @@ DEADLINE = 60  # seconds until something that does not happen counts as a failur
 EDITABLE_ROLES = (Atspi.Role.TEXT, Atspi.Role.ENTRY, Atspi.Role.DOCUMENT_TEXT)
 
 
-def wait_for(what, condition):
+def wait_for(what, condition, what_is_there=lambda: ""):
     """Returns what the condition gives as soon as it is true."""
     end = time.monotonic() + DEADLINE
     while time.monotonic() < end:
@@ -31,7 +31,7 @@ def wait_for(what, condition):
         except gi.repository.GLib.GError:
             pass  # the window has gone while it was being looked at
         time.sleep(0.05)
-    raise AssertionError(f"never seen: {what}")
+    raise AssertionError(f"never seen: {what} {what_is_there()}")
 
 
 def descendants(node):
@@ -91,7 +91,8 @@ class Screen:
         reader, writer = os.pipe()
         self.processes.append(subprocess.Popen(
             ["Xvfb", "-displayfd", str(writer), "-screen", "0", self.size + "x24",
-             "-noreset"],  # or the screen begins anew whenever its last client goes
+             "-noreset",  # or the screen begins anew whenever its last client goes
+             "-r"],  # no key repeats by itself while the machine is too busy to let it go
             pass_fds=[writer], stderr=subprocess.DEVNULL))
         os.close(writer)
         with os.fdopen(reader) as numbers:
@@ -147,10 +148,16 @@ class Desktop(Screen):
         return found
 
     def wait_for_text(self, text):
-        wait_for(text, lambda: any(text in (seen or "") for seen in self.texts()))
+        wait_for(text, lambda: any(text in (seen or "") for seen in self.texts()), self.report)
 
     def wait_until_gone(self, text):
-        wait_for(f"{text} gone", lambda: not any(text in (seen or "") for seen in self.texts()))
+        wait_for(f"{text} gone", lambda: not any(text in (seen or "") for seen in self.texts()),
+                 self.report)
+
+    def report(self):
+        """What stands on the screen, for the message about what does not."""
+        names = [window.get_name() for window in self.windows()]
+        return f"among the windows {names} with the texts {sorted({t for t in self.texts() if t})}"
 
     def find(self, matches):
         for window in self.windows():

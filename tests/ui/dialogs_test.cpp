@@ -62,6 +62,25 @@ TEST_F(DialogsTest, AWindowStaysUntilItsDialogHasReturned) {
     EXPECT_EQ(other, nullptr);
 }
 
+TEST_F(DialogsTest, AClosedWindowAsksNothing) {
+    auto* other = new QWidget;
+    other->setAttribute(Qt::WA_DeleteOnClose);
+    other->show();
+    other->close();
+    bool isAsked = false;
+    QTimer::singleShot(0, qApp, [&] {
+        if (QWidget* box = QApplication::activeModalWidget()) {
+            isAsked = true;
+            box->close();
+        }
+    });
+    EXPECT_FALSE(QtDialogs(*other).Ask("too late"));
+    EXPECT_FALSE(isAsked);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(isAsked);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
 TEST_F(DialogsTest, MessageBoxes) {
     Then<QMessageBox>([this](QMessageBox& box) {
         EXPECT_EQ(box.windowTitle(), "Corvane");

@@ -39,6 +39,12 @@ class PutOffClose final : public QObject {
     bool isClosing_ = false;
 };
 
+// Not by its attribute to be deleted, which closing takes away, nor only because it is hidden,
+// which it is before it is shown for the first time, too.
+bool IsClosed(const QWidget& window) {
+    return window.windowHandle() != nullptr && !window.isVisible();
+}
+
 bool IsKeptOnTop(const QWidget& window) {
     return window.isVisible() && window.windowFlags().testFlag(Qt::WindowStaysOnTopHint);
 }
@@ -72,7 +78,7 @@ class InFront final : public QObject {
 }  // namespace
 
 int RunModal(QDialog& dialog, QWidget* window) {
-    if (window != nullptr && window->testAttribute(Qt::WA_DeleteOnClose) && !window->isVisible()) {
+    if (window != nullptr && IsClosed(*window)) {
         return QDialog::Rejected;  // it was closed before its command came to ask
     }
     const PutOffClose putOffClose(window);
