@@ -47,10 +47,16 @@ void OpenWindows::RefreshMemories() {
           Window::ChipView18, Window::ChipView28, Window::ChipView40, Window::ChipView62x}) {
         Refresh(window);
     }
+    RefreshEditors();
 }
 
 void OpenWindows::RefreshBreakpoints() {
     Refresh(Window::BreakpointsManager);
+}
+
+void OpenWindows::RefreshEditors() {
+    Refresh(Window::Assembler);
+    Refresh(Window::BasicCompiler);
 }
 
 void OpenWindows::Refresh(Window window) {

@@ -28,6 +28,7 @@ class OpenWindows {
     void RefreshAfterReset();
     void RefreshAfterChange();
     void RefreshBreakpoints();
+    void RefreshEditors();
 
   private:
     void RefreshMemories();

@@ -84,6 +84,7 @@ bool Workbench::ApplySelectedModel() {
     programPath_.clear();
     loadedWords_ = 0;
     breakpoints_.Clear();
+    stops_.ForgetAddresses();
     processor_ = core::MakeProcessor(model, std::move(modelFile->description));
     processor_.eepromWriteTime = settings_.EepromWriteTime();
     processor_.adConversionTime = settings_.AdConversionTime();
@@ -171,6 +172,7 @@ void Workbench::ReplaceProgram(const std::string& path, std::span<const std::uin
     programPath_ = path;
     loadedWords_ = loadedWords;
     breakpoints_.Clear();
+    stops_.ForgetAddresses();
     BreakpointsChanged();
     views_->ProgramChanged();
     windows_.RefreshAfterReset();
@@ -362,11 +364,19 @@ void Workbench::ClearBreakpoints() {
     windows_.RefreshBreakpoints();
 }
 
+void Workbench::ChangeStops(const std::function<void(StopList& stops)>& change) {
+    change(stops_);
+    BreakpointsChanged();
+    windows_.RefreshEditors();
+}
+
 void Workbench::BreakpointsChanged() {
+    std::vector<int> addresses = stops_.Addresses();
+    addresses.insert(addresses.end(), breakpoints_.Addresses().begin(),
+                     breakpoints_.Addresses().end());
     // A listing may hold addresses that pc never takes.
-    const std::span<const int> addresses = breakpoints_.Addresses();
-    const auto end = std::ranges::lower_bound(addresses, core::kProgramCounterRange);
-    core::SetBreakpoints(processor_, {addresses.begin(), end});
+    std::erase_if(addresses, [](int address) { return address >= core::kProgramCounterRange; });
+    core::SetBreakpoints(processor_, addresses);
 }
 
 void Workbench::CloseSecondaryWindows() {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -16,6 +17,7 @@
 #include "app/dialogs.h"
 #include "app/open_windows.h"
 #include "app/simulation_control.h"
+#include "app/stop_list.h"
 #include "app/views.h"
 #include "common/settings_store.h"
 #include "core/pins.h"
@@ -99,6 +101,10 @@ class Workbench {
     void ToggleBreakpoint(Dialogs& dialogs, int address);
     void ClearBreakpoints();
 
+    // The debugger's stops.
+    const StopList& Stops() const { return stops_; }
+    void ChangeStops(const std::function<void(StopList& stops)>& change);
+
     // Before the main window ends the application.
     void CloseSecondaryWindows();
 
@@ -122,6 +128,7 @@ class Workbench {
     core::Processor processor_;
     SimulationControl simulation_;
     BreakpointList breakpoints_;
+    StopList stops_;
     std::string programPath_;
     int loadedWords_ = 0;
     int configurationWord_ = 0;

@@ -44,6 +44,10 @@ void AddLines(Program& program, const std::string& file, const assembler::Assemb
     }
 }
 
+bool IsSame(const std::optional<Place>& a, const std::optional<Place>& b) {
+    return a.has_value() == b.has_value() && (!a || (a->file == b->file && a->line == b->line));
+}
+
 }  // namespace
 
 void AddAssemblerSource(Program& program, const std::string& file,
@@ -111,6 +115,33 @@ std::string PlaceText(const Program& program, int address) {
     return place ? program.files[static_cast<std::size_t>(place->file)] + ":" +
                        std::to_string(place->line)
                  : "";
+}
+
+std::vector<int> LineStarts(const Program& program) {
+    std::vector<int> starts;
+    for (int address = 0; address < static_cast<int>(program.places.size()); ++address) {
+        const std::optional<Place> place = PlaceAt(program, address);
+        if (place && (address == 0 || !IsSame(place, PlaceAt(program, address - 1)))) {
+            starts.push_back(address);
+        }
+    }
+    return starts;
+}
+
+LineWords WordsFromLineOn(const Program& program, Place place) {
+    LineWords nearest;
+    for (const int address : LineStarts(program)) {
+        const Place start = *PlaceAt(program, address);
+        if (start.file != place.file || start.line < place.line ||
+            (nearest.line != 0 && start.line > nearest.line)) {
+            continue;
+        }
+        if (start.line != nearest.line) {
+            nearest = {.line = start.line};
+        }
+        nearest.addresses.push_back(address);
+    }
+    return nearest;
 }
 
 }  // namespace corvane::project

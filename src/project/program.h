@@ -64,4 +64,16 @@ std::optional<Place> PlaceAt(const Program& program, int address);
 // "FILE:LINE" of the same; empty where no line made one.
 std::string PlaceText(const Program& program, int address);
 
+// The addresses at which the words of a source line begin.
+std::vector<int> LineStarts(const Program& program);
+
+// A line that has words, and the addresses at which they begin.
+struct LineWords {
+    int line = 0;  // 0: there is none
+    std::vector<int> addresses{};
+};
+
+// Of this line, or else of the next one of its file that has words.
+LineWords WordsFromLineOn(const Program& program, Place place);
+
 }  // namespace corvane::project

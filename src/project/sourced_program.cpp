@@ -16,8 +16,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::uint16_t kErasedWord = 0x3FFF;
-
 SourcedProgram EmptyProgram(int programWords) {
     const auto size = static_cast<std::size_t>(programWords);
     SourcedProgram result;

@@ -1,6 +1,7 @@
 // A program as the check needs it: its words, and what its source says about them.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -14,6 +15,9 @@
 #include "project/cod_file.h"
 
 namespace corvane::project {
+
+// What a program word is that nothing has been written to.
+inline constexpr std::uint16_t kErasedWord = 0x3FFF;
 
 struct SourceLine {
     std::string file;  // as messages name it

@@ -32,7 +32,7 @@ def script(executable):
         assert not (person.folder / "toggle.hex").exists()
         person.wait_for_text("0003 Error: Unrecognized instruction.")
 
-        person.press("F8", "shift+End")
+        person.press("F4", "shift+End")
         person.type("        bcf STATUS,RP0")
         person.press("F7")
         person.wait_for_text("Number of errors = 0")

@@ -13,6 +13,7 @@
 
 #include "ui/asm/output_pane.h"
 #include "ui/desktop_fixture.h"
+#include "ui/editor/numbered_editor.h"
 #include "ui/editor/source_window.h"
 
 namespace corvane::ui {
@@ -83,6 +84,37 @@ TEST_F(SourceWindowTest, OpensAFileThatIsDroppedOnTheTextOrTheMainWindow) {
     EXPECT_EQ(window->windowTitle(), "Assembler - Größe 1.asm");
     Drop(desktop->Main(), folder.Write("Größe 2.hex", app::HexOf({0x0063})));
     EXPECT_EQ(desktop->Workbench().LoadedWords(), 1);
+}
+
+TEST_F(SourceWindowTest, BreakpointsStayAtTheirLines) {
+    OpenFile("a.asm", " nop\r\n sleep\r\n\r\n clrw\r\n clrf 12\r\n", app::Window::Assembler);
+    auto& editor = *Child<NumberedEditor>(*window, "RichTextBox1");
+    const auto clickBeside = [&](int line) {
+        QTextCursor place(editor.document()->findBlockByNumber(line - 1));
+        const QPoint beside(-2, editor.cursorRect(place).center().y());
+        const QPoint point = editor.viewport()->mapTo(&editor, beside);
+        QWidget* margin = editor.childAt(point);
+        QTest::mouseClick(margin, Qt::LeftButton, {}, margin->mapFrom(&editor, point));
+    };
+    const auto edit = [&](const char* keys) {
+        for (const QString& key : QString(keys).split(' ')) {
+            QTest::keySequence(&editor, QKeySequence(key, QKeySequence::PortableText));
+        }
+        return editor.Marks().breakpoints;
+    };
+    using Lines = std::vector<int>;
+    for (const int line : {5, 2, 4, 1, 4}) {
+        clickBeside(line);
+    }
+    EXPECT_EQ(editor.Marks().breakpoints, (Lines{1, 2, 5}));
+    EXPECT_FALSE(editor.Marks().areValid) << "no program is loaded";
+    EXPECT_EQ(edit("Ctrl+Home Return"), (Lines{2, 3, 6})) << "before the first line";
+    EXPECT_EQ(edit("Down End Return"), (Lines{2, 3, 7})) << "behind a line";
+    EXPECT_EQ(edit("Ctrl+Z Ctrl+Z"), (Lines{1, 2, 5}));
+    EXPECT_EQ(edit("Ctrl+Home Down Tab Shift+End Del x"), (Lines{1, 2, 5})) << "another text";
+    EXPECT_EQ(edit("Ctrl+Home Down Shift+Down Del"), (Lines{1, 4})) << "its line has gone";
+    EXPECT_EQ(edit("Ctrl+A Del"), Lines{}) << "all have gone";
+    EXPECT_TRUE(desktop->Workbench().Stops().All().empty());
 }
 
 TEST_F(SourceWindowTest, ALineOfTheOutputIsFollowedAndCopied) {

@@ -15,10 +15,6 @@ namespace {
 
 using Found = common::Result<NamedAddresses>;
 
-bool IsSame(const std::optional<project::Place>& a, const std::optional<project::Place>& b) {
-    return a.has_value() == b.has_value() && (!a || (a->file == b->file && a->line == b->line));
-}
-
 std::optional<int> ReadAddress(std::string_view text, const models::Model& model) {
     constexpr int kHexadecimal = 16;
     if (text.starts_with("0x") || text.starts_with("0X")) {
@@ -59,27 +55,15 @@ common::Result<std::vector<std::string>> LinesOf(const std::string& file) {
 }
 
 Found AddressesOfLine(int file, int line, const project::Program& program) {
-    int nearest = 0;
-    NamedAddresses found;
-    for (const int address : LineStarts(program)) {
-        const project::Place place = *project::PlaceAt(program, address);
-        if (place.file != file || place.line < line || (nearest != 0 && place.line > nearest)) {
-            continue;
-        }
-        if (place.line != nearest) {
-            nearest = place.line;
-            found.addresses.clear();
-        }
-        found.addresses.push_back(address);
-    }
-    if (found.addresses.empty()) {
+    const project::LineWords words = project::WordsFromLineOn(program, {file, line});
+    if (words.line == 0) {
         return Found::Failure("no line from " + std::to_string(line) + " on has program words");
     }
-    if (nearest != line) {
-        found.note = "line " + std::to_string(line) + " has no program words; line " +
-                     std::to_string(nearest) + " has\n";
-    }
-    return Found::Success(std::move(found));
+    return Found::Success({words.addresses, words.line == line
+                                                ? ""
+                                                : "line " + std::to_string(line) +
+                                                      " has no program words; line " +
+                                                      std::to_string(words.line) + " has\n"});
 }
 
 Found FindLine(std::string_view where, const project::Program& program) {
@@ -115,17 +99,6 @@ Found FindAddresses(std::string_view where, const inspect::Names& names,
     return address ? Found::Success({{*address}, ""})
                    : Found::Failure("'" + std::string(where) +
                                     "' is no label, address or FILE:LINE of this program");
-}
-
-std::vector<int> LineStarts(const project::Program& program) {
-    std::vector<int> starts;
-    for (int address = 0; address < static_cast<int>(program.places.size()); ++address) {
-        const auto place = project::PlaceAt(program, address);
-        if (place && (address == 0 || !IsSame(place, project::PlaceAt(program, address - 1)))) {
-            starts.push_back(address);
-        }
-    }
-    return starts;
 }
 
 common::Result<std::string> ListAround(int address, const project::Program& program) {

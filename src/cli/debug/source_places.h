@@ -22,9 +22,6 @@ struct NamedAddresses {
 common::Result<NamedAddresses> FindAddresses(std::string_view where, const inspect::Names& names,
                                              const project::Program& program);
 
-// The addresses at which the words of a source line begin.
-std::vector<int> LineStarts(const project::Program& program);
-
 // The source around an address, its own line marked; the error says why there is none.
 common::Result<std::string> ListAround(int address, const project::Program& program);
 

@@ -77,13 +77,14 @@ void AssemblerWindow::MakeToolsMenu() {
     AddCommand(tools, {"menuassemble", tr("&Assemble"), QKeySequence(Qt::Key_F7)}, *this,
                [this] { Assemble(); });
     tools.addSeparator();
-    nextError_ = AddCommand(tools, {"menunexterror", tr("&Next Error"), QKeySequence(Qt::Key_F8)},
+    nextError_ = AddCommand(tools, {"menunexterror", tr("&Next Error"), QKeySequence(Qt::Key_F4)},
                             *this, [this] { output_->FollowNext(); });
     previousError_ = AddCommand(
-        tools, {"menupreviouserror", tr("&Previous Error"), QKeySequence(Qt::SHIFT | Qt::Key_F8)},
+        tools, {"menupreviouserror", tr("&Previous Error"), QKeySequence(Qt::SHIFT | Qt::Key_F4)},
         *this, [this] { output_->FollowPrevious(); });
     nextError_->setEnabled(false);
     previousError_->setEnabled(false);
+    AddDebugCommands(tools);
 }
 
 void AssemblerWindow::MakeOptionsMenu() {

@@ -32,6 +32,7 @@ BasicWindow::BasicWindow(app::Workbench& workbench, const DialogsFactory& makeDi
     QMenu& tools = AddMenu("menu2", tr("&Tools"));
     AddCommand(tools, {"menucompile", tr("&Compile"), QKeySequence(Qt::Key_F7)}, *this,
                [this] { Compile(); });
+    AddDebugCommands(tools);
     resize(kInitialSize);
 }
 

@@ -153,11 +153,17 @@ void Desktop::ModelChanged() {
 
 void Desktop::ProgramChanged() {
     mainWindow_.ShowProgram(workbench_.ProgramPath());
+    for (const app::Window window : app::kSecondaryWindows) {
+        if (SecondaryWindow* open = Find(window)) {
+            open->ProgramChanged();
+        }
+    }
 }
 
 void Desktop::CommandsChanged() {
     menu_.Show(workbench_.Commands());
     mainWindow_.ShowStatus(workbench_.Status());
+    workbench_.Windows().RefreshEditors();
 }
 
 void Desktop::ShowWindow(app::Window window) {
@@ -167,9 +173,7 @@ void Desktop::ShowWindow(app::Window window) {
     }
     SecondaryWindow* opened =
         MakeSecondaryWindow(window, workbench_, makeDialogs_, recoveryFolder_);
-    if (!HasEditor(window)) {
-        opened->addActions(menu_.SimulationActions());
-    }
+    opened->addActions(menu_.SimulationActions());
     windows_[window] = opened;
     opened->setScreen(mainWindow_.screen());
     opened->Open();

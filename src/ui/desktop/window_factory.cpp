@@ -58,8 +58,4 @@ QWidget* MakeTextWindow(TextWindow text) {
     return new AboutWindow;
 }
 
-bool HasEditor(app::Window window) {
-    return window == app::Window::Assembler || window == app::Window::BasicCompiler;
-}
-
 }  // namespace corvane::ui

@@ -13,7 +13,4 @@ SecondaryWindow* MakeSecondaryWindow(app::Window window, app::Workbench& workben
                                      const std::string& recoveryFolder);
 QWidget* MakeTextWindow(TextWindow text);
 
-// Windows in which a person writes have shortcuts of their own.
-bool HasEditor(app::Window window);
-
 }  // namespace corvane::ui

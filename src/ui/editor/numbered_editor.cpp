@@ -1,5 +1,6 @@
 #include "ui/editor/numbered_editor.h"
 
+#include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QTextBlock>
@@ -17,6 +18,10 @@ constexpr int kLeastDigits = 3;
 // In an editor of a few lines, each scroll bar can come and go because of the other without end.
 constexpr int kMostNestedResizes = 8;
 
+// The same on a light and on a dark background.
+constexpr QColor kBreakpoint(205, 50, 50);
+constexpr QColor kNextLine(235, 170, 0);
+
 }  // namespace
 
 class LineNumberArea final : public QWidget {
@@ -27,6 +32,12 @@ class LineNumberArea final : public QWidget {
 
   protected:
     void paintEvent(QPaintEvent* event) override { editor_->PaintLineNumbers(event->rect()); }
+    void mousePressEvent(QMouseEvent* event) override {
+        const int line = editor_->LineAt(qRound(event->position().y()));
+        if (event->button() == Qt::LeftButton && line > 0) {
+            emit editor_->MarginClicked(line);
+        }
+    }
 
   private:
     NumberedEditor* editor_;
@@ -55,10 +66,50 @@ void NumberedEditor::GoToLine(int number) {
     centerCursor();
 }
 
+void NumberedEditor::RevealLine(int number) {
+    const QTextBlock block = document()->findBlockByNumber(number - 1);
+    const QRectF place = blockBoundingGeometry(block).translated(contentOffset());
+    if (place.top() < 0 || place.bottom() > viewport()->height()) {
+        GoToLine(number);
+    } else {
+        setTextCursor(QTextCursor(block));
+    }
+}
+
+void NumberedEditor::AddMarkMargin(const QString& toolTip) {
+    hasMarkMargin_ = true;
+    lineNumberArea_->setToolTip(toolTip);
+    PlaceLineNumberArea();
+}
+
+void NumberedEditor::ShowMarks(const LineMarks& marks) {
+    if (marks != marks_) {
+        marks_ = marks;
+        lineNumberArea_->update();
+        MarkCurrentLine();
+    }
+}
+
+int NumberedEditor::LineAt(int y) const {
+    QTextBlock block = firstVisibleBlock();
+    double bottom = contentOffset().y();
+    for (; block.isValid(); block = block.next()) {
+        bottom += blockBoundingRect(block).height();
+        if (y < bottom) {
+            return block.blockNumber() + 1;
+        }
+    }
+    return 0;
+}
+
+int NumberedEditor::MarkMarginWidth() const {
+    return hasMarkMargin_ ? fontMetrics().height() : 0;
+}
+
 int NumberedEditor::LineNumberAreaWidth() const {
     const int digits =
         std::max(kLeastDigits, static_cast<int>(QString::number(blockCount()).size()));
-    return fontMetrics().horizontalAdvance(QLatin1Char('9')) * (digits + 1);
+    return fontMetrics().horizontalAdvance(QLatin1Char('9')) * (digits + 1) + MarkMarginWidth();
 }
 
 void NumberedEditor::PlaceLineNumberArea() {
@@ -91,19 +142,57 @@ void NumberedEditor::PaintLineNumbers(const QRect& area) {
         painter.setPen(block.blockNumber() == textCursor().blockNumber() ? current : quiet);
         painter.drawText(QRectF(0, top, lineNumberArea_->width() - gap, lineHeight),
                          Qt::AlignRight | Qt::AlignTop, QString::number(block.blockNumber() + 1));
+        PaintMarks(painter, block.blockNumber() + 1, QRectF(0, top, MarkMarginWidth(), lineHeight));
         top += blockBoundingRect(block).height();
         block = block.next();
     }
 }
 
+// A round for a breakpoint and an arrow over it for the line that comes next.
+void NumberedEditor::PaintMarks(QPainter& painter, int line, const QRectF& place) const {
+    const double inset = place.height() / 6;
+    const QRectF mark = place.adjusted(inset, inset, -inset, -inset);
+    const QColor edge = palette().color(QPalette::WindowText);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (std::ranges::binary_search(marks_.breakpoints, line)) {
+        const QColor quiet = Tinted(palette().color(QPalette::Window), edge, 0.5);
+        painter.setPen(QPen(marks_.areValid ? kBreakpoint : quiet, inset / 2));
+        painter.setBrush(marks_.areValid ? QBrush(kBreakpoint) : QBrush());
+        painter.drawEllipse(mark);
+    }
+    if (marks_.next == line) {
+        painter.setPen(QPen(edge, 1));
+        painter.setBrush(kNextLine);
+        const double third = mark.height() / 4;
+        const double middle = mark.left() + mark.width() / 2;
+        painter.drawPolygon(QPolygonF({{mark.left(), mark.top() + third},
+                                       {middle, mark.top() + third},
+                                       {middle, mark.top()},
+                                       {mark.right(), mark.center().y()},
+                                       {middle, mark.bottom()},
+                                       {middle, mark.bottom() - third},
+                                       {mark.left(), mark.bottom() - third}}));
+    }
+    painter.restore();
+}
+
 void NumberedEditor::MarkCurrentLine() {
-    QTextEdit::ExtraSelection line;
-    line.format.setBackground(
-        Tinted(palette().color(QPalette::Base), palette().color(QPalette::Highlight), 0.12));
-    line.format.setProperty(QTextFormat::FullWidthSelection, true);
-    line.cursor = textCursor();
-    line.cursor.clearSelection();
-    setExtraSelections({line});
+    const QColor base = palette().color(QPalette::Base);
+    const auto marked = [&](const QTextCursor& place, const QColor& tint, double share) {
+        QTextEdit::ExtraSelection line;
+        line.format.setBackground(Tinted(base, tint, share));
+        line.format.setProperty(QTextFormat::FullWidthSelection, true);
+        line.cursor = place;
+        line.cursor.clearSelection();
+        return line;
+    };
+    QList<QTextEdit::ExtraSelection> lines = {
+        marked(textCursor(), palette().color(QPalette::Highlight), 0.12)};
+    if (const QTextBlock next = document()->findBlockByNumber(marks_.next - 1); next.isValid()) {
+        lines.push_back(marked(QTextCursor(next), kNextLine, 0.3));
+    }
+    setExtraSelections(lines);
 }
 
 void NumberedEditor::resizeEvent(QResizeEvent* event) {

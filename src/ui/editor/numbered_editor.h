@@ -2,10 +2,19 @@
 #pragma once
 
 #include <QPlainTextEdit>
+#include <vector>
 
 namespace corvane::ui {
 
 inline constexpr int kTabColumns = 8;
+
+// What a debugger shows beside the lines, which are numbered from 1.
+struct LineMarks {
+    std::vector<int> breakpoints{};
+    bool areValid = true;  // else the breakpoints are not those of the loaded program
+    int next = 0;          // the line that is executed next; 0: none
+    bool operator==(const LineMarks&) const = default;
+};
 
 class NumberedEditor : public QPlainTextEdit {
     Q_OBJECT
@@ -16,6 +25,16 @@ class NumberedEditor : public QPlainTextEdit {
     int CaretLine() const;
     // Takes the caret to the start of the line, in the middle of the pane.
     void GoToLine(int number);
+    // The same, but the text moves only when the line is not in view.
+    void RevealLine(int number);
+
+    // Gives the numbers a margin for marks, in which a click is told.
+    void AddMarkMargin(const QString& toolTip);
+    void ShowMarks(const LineMarks& marks);
+    const LineMarks& Marks() const { return marks_; }
+
+  signals:
+    void MarginClicked(int line);
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -26,11 +45,16 @@ class NumberedEditor : public QPlainTextEdit {
 
     int LineNumberAreaWidth() const;
     void PlaceLineNumberArea();
+    int MarkMarginWidth() const;
     void PaintLineNumbers(const QRect& area);
+    void PaintMarks(QPainter& painter, int line, const QRectF& place) const;
+    int LineAt(int y) const;
     void ScrollLineNumbers(const QRect& area, int pixels);
     void MarkCurrentLine();
 
     QWidget* lineNumberArea_;
+    bool hasMarkMargin_ = false;
+    LineMarks marks_;
     int nestedResizes_ = 0;
 };
 

@@ -35,6 +35,8 @@ SourceWindow::SourceWindow(app::Window number, app::Workbench& workbench, const 
       editor_(new SourceEditor(std::move(language))),
       findBar_(new FindBar(*editor_)),
       statusLine_(new StatusLine),
+      debugged_(*editor_, workbench, project::KindOf(kind.extension),
+                [this] { return EncodedText(editor_->Text(), encoding_); }),
       keeper_(*editor_->document(), app::KeptTexts(recoveryFolder, kind.extension),
               [this] { return EncodedText(editor_->Text(), encoding_); }) {
     editor_->setObjectName("RichTextBox1");
@@ -86,11 +88,21 @@ void SourceWindow::AddPrintCommand(const char* name, const QString& caption,
                             AddCommand(*fileMenu_, {name, caption}, *this, command));
 }
 
+void SourceWindow::AddDebugCommands(QMenu& menu) {
+    menu.addSeparator();
+    AddCommand(menu, {"menutogglebreakpoint", tr("Toggle &Breakpoint"), QKeySequence(Qt::Key_F9)},
+               *this, [this] { debugged_.ToggleBreakpoint(editor_->CaretLine()); });
+}
+
 void SourceWindow::MakeStatusLine() {
     layout_->addWidget(statusLine_);
     connect(editor_, &QPlainTextEdit::cursorPositionChanged, this, &SourceWindow::ShowCaret);
     connect(editor_->document(), &QTextDocument::modificationChanged, this,
             &SourceWindow::ShowState);
+    connect(&debugged_, &DebuggedSource::Changed, this, [this](const QString& status) {
+        statusLine_->ShowProgram(status);
+        ShowCaret();
+    });
     connect(&keeper_, &TextKeeper::Kept, this, [this](const QString& failure) {
         keepingFailure_ = failure;
         ShowState();
@@ -120,7 +132,9 @@ void SourceWindow::ShowState() {
 void SourceWindow::ShowCaret() {
     const QTextCursor caret = editor_->textCursor();
     const QString before = caret.block().text().left(caret.positionInBlock());
-    statusLine_->ShowCaret(editor_->CaretLine(), static_cast<int>(before.toUcs4().size()) + 1);
+    const int line = editor_->CaretLine();
+    statusLine_->ShowCaret(line, static_cast<int>(before.toUcs4().size()) + 1,
+                           debugged_.HasBreakpoint(line) ? tr("breakpoint") : QString());
 }
 
 void SourceWindow::ShowResult(const std::string& text) {
@@ -153,8 +167,10 @@ void SourceWindow::New() {
     keeper_.LetGo();
     file_.New();
     encoding_ = TextEncoding::Utf8;
+    debugged_.LeaveFile();
     editor_->Clear();
     editor_->setReadOnly(false);
+    debugged_.EnterFile(file_.Path());
     TextReplaced();
     ShowCaption();
 }
@@ -176,8 +192,10 @@ void SourceWindow::ShowFile(const std::optional<std::string>& bytes) {
 
 void SourceWindow::ShowText(const std::string& bytes, void (SourceEditor::*load)(const QString&)) {
     encoding_ = EncodingOf(bytes);
+    debugged_.LeaveFile();
     (editor_->*load)(DecodedText(common::WithLf(bytes), encoding_));
     editor_->setReadOnly(!IsEditable(encoding_));
+    debugged_.EnterFile(file_.Path());
     TextReplaced();
     ShowCaption();
 }
@@ -243,6 +261,7 @@ void SourceWindow::SetSaved(bool isSaved) {
     if (isSaved) {
         editor_->document()->setModified(false);
         keeper_.Forget();
+        debugged_.RenameFile(file_.Path());
     }
     ShowCaption();
 }

@@ -9,6 +9,7 @@
 
 #include "app/source_file.h"
 #include "common/progress.h"
+#include "ui/editor/debugged_source.h"
 #include "ui/editor/find_bar.h"
 #include "ui/editor/list_menu.h"
 #include "ui/editor/source_editor.h"
@@ -39,6 +40,8 @@ class SourceWindow : public SecondaryWindow, private app::EditedText {
 
     void OpenFile(const QString& path);
 
+    void ProgramChanged() override { debugged_.FindProgram(); }
+
   protected:
     SourceEditor& Editor() const { return *editor_; }
     QWidget& EditorPane() const { return *editorPane_; }  // the editor with its find bar
@@ -49,6 +52,7 @@ class SourceWindow : public SecondaryWindow, private app::EditedText {
     void AddPrintCommand(const char* name, const QString& caption,
                          const std::function<void()>& command);
     QMenu& AddMenu(const char* name, const QString& caption);
+    void AddDebugCommands(QMenu& menu);
     QVBoxLayout& Layout() const { return *layout_; }
 
     // "Please save the file first.", "The editor is empty."; false after a message.
@@ -83,7 +87,7 @@ class SourceWindow : public SecondaryWindow, private app::EditedText {
     void closeEvent(QCloseEvent* event) override;
 
   private:
-    void Draw() override {}
+    void Draw() override { debugged_.Draw(); }
     void MakeFileMenu();
     void MakeStatusLine();
     void New();
@@ -119,6 +123,7 @@ class SourceWindow : public SecondaryWindow, private app::EditedText {
     SourceEditor* editor_;
     FindBar* findBar_;
     StatusLine* statusLine_;
+    DebuggedSource debugged_;
     TextKeeper keeper_;
     QString keepingFailure_;  // why the text could not be kept
     bool isBusy_ = false;

@@ -49,6 +49,7 @@ StatusLine::StatusLine(QWidget* parent)
         run();
     });
     layout->addWidget(offer_);
+    program_ = AddLabel("statusprogram", tr("Program of the text"), tr("Next: line %1").arg(99));
     state_ = AddLabel("statusstate", tr("State of the text"), tr("modified"));
     encoding_ = AddLabel("statusencoding", tr("Encoding"), "Latin-1");
     caret_ = AddLabel("statuscaret", tr("Caret"), tr("Line %1, Column %2").arg(9999).arg(99));
@@ -86,8 +87,15 @@ void StatusLine::ShowEncoding(const QString& name) {
     encoding_->setText(name);
 }
 
-void StatusLine::ShowCaret(int line, int column) {
-    caret_->setText(tr("Line %1, Column %2").arg(line).arg(column));
+void StatusLine::ShowProgram(const QString& text) {
+    if (program_->text() != text) {
+        program_->setText(text);
+    }
+}
+
+void StatusLine::ShowCaret(int line, int column, const QString& note) {
+    const QString place = tr("Line %1, Column %2").arg(line).arg(column);
+    caret_->setText(note.isEmpty() ? place : place + QStringLiteral(", ") + note);
 }
 
 }  // namespace corvane::ui

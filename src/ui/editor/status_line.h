@@ -21,8 +21,10 @@ class StatusLine final : public QWidget {
     // "modified", "read-only", or nothing to say.
     void ShowState(const QString& text);
     void ShowEncoding(const QString& name);
-    // Both from 1.
-    void ShowCaret(int line, int column);
+    // What the debugger says of the text.
+    void ShowProgram(const QString& text);
+    // Both from 1; what is to be said of the line.
+    void ShowCaret(int line, int column, const QString& note = {});
 
   private:
     QLabel* AddLabel(const char* name, const QString& meaning, const QString& widestText);
@@ -30,6 +32,7 @@ class StatusLine final : public QWidget {
     QLabel* result_;
     QPushButton* offer_;
     std::function<void()> offered_;
+    QLabel* program_;
     QLabel* state_;
     QLabel* encoding_;
     QLabel* caret_;

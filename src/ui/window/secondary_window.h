@@ -30,6 +30,8 @@ class SecondaryWindow : public QWidget {
     virtual void BringIntoView(int /*address*/) {}
     // The same, and selects the line. False: there is none.
     virtual bool GoTo(int /*address*/) { return false; }
+    // Another program is loaded, or none.
+    virtual void ProgramChanged() {}
     void SetTopmost(bool topmost);
 
   protected:

@@ -1,0 +1,74 @@
+// A text in an editor as the debugger's source: breakpoints in the margin, which move with their
+// lines, and the line that is executed next. All of it holds while the text is the one that the
+// loaded program was made from.
+#pragma once
+
+#include <QObject>
+#include <QTextCursor>
+#include <QTimer>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/edited_program.h"
+#include "app/workbench.h"
+#include "project/program_kind.h"
+#include "ui/editor/numbered_editor.h"
+
+namespace corvane::ui {
+
+class DebuggedSource final : public QObject {
+    Q_OBJECT
+  public:
+    DebuggedSource(NumberedEditor& editor, app::Workbench& workbench, project::ProgramKind kind,
+                   std::function<std::string()> textToTranslate);
+    ~DebuggedSource() override;
+
+    // The text is about to be replaced; it has been, and is now this file's. Without a name it is
+    // a new text.
+    void LeaveFile();
+    void EnterFile(const std::string& path);
+    // The same text has another name.
+    void RenameFile(const std::string& path);
+
+    void ToggleBreakpoint(int line);
+    bool HasBreakpoint(int line) const;
+
+    // Finds out at once whether the text is the loaded program's.
+    void FindProgram();
+    // Shows the present state.
+    void Draw();
+
+  signals:
+    // What is to be said of the program and of the lines.
+    void Changed(const QString& status);
+
+  private:
+    struct Breakpoint {
+        int number;         // in the list of stops
+        QTextCursor place;  // selects its line
+    };
+
+    bool IsUntitled() const;
+    void FollowText();
+    void FollowStops();
+    QTextCursor PlaceOf(int line) const;
+    std::vector<int> BreakpointLines() const;
+    QString Status(int next) const;
+
+    NumberedEditor* editor_;
+    app::Workbench* workbench_;
+    project::ProgramKind kind_;
+    std::function<std::string()> textToTranslate_;
+    QTimer rest_;  // of the person who types
+    std::string file_;
+    std::vector<Breakpoint> breakpoints_;
+    int lineCount_ = 1;
+    bool isLeaving_ = false;
+    std::optional<project::Program> program_;
+    QString whyNotLoaded_;
+    std::int64_t shownAt_ = -1;  // in clock cycles
+};
+
+}  // namespace corvane::ui
