@@ -25,6 +25,8 @@ class NoViews final : public app::Views, public app::SliceTimer {
   public:
     void Refresh(app::Window /*window*/) override {}
     void BringPcIntoView() override {}
+    void GoingThroughHistory(std::int64_t /*step*/) override {}
+    void ArrivedInHistory() override {}
     void ModelChanged() override {}
     void ProgramChanged() override {}
     void CommandsChanged() override {}

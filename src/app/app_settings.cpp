@@ -15,6 +15,7 @@ using common::ReadSetting;
 
 constexpr std::string_view kLastPath = "Last Path";
 constexpr std::string_view kSavePositions = "Save Positions";
+constexpr std::string_view kKeepHistory = "Keep History";
 constexpr std::string_view kClockFrequency = "Clock Frequency";
 constexpr std::string_view kEepromWriteTime = "EEPROM Write Time";
 constexpr std::string_view kAdConversionTime = "A/D Conversion Time";
@@ -56,6 +57,7 @@ AppSettings::AppSettings(common::SettingsStore& store, std::string_view applicat
     : store_(&store),
       lastPath_(ReadSetting(store, kLastPath, applicationFolder)),
       savePositions_(ReadSetting(store, kSavePositions, "OFF")),
+      keepHistory_(ReadSetting(store, kKeepHistory, "ON") == "ON"),
       clockFrequency_(ReadClockFrequency(store)),
       eepromWriteTime_(ReadClockCycles(store, kEepromWriteTime, models::kDefaultEepromWriteTime)),
       adConversionTime_(
@@ -100,6 +102,11 @@ void AppSettings::SetModelRow(int row) {
 void AppSettings::SetSavePositions(bool on) {
     savePositions_ = on ? "ON" : "OFF";
     store_->Write(kSavePositions, savePositions_);
+}
+
+void AppSettings::SetKeepHistory(bool on) {
+    keepHistory_ = on;
+    store_->Write(kKeepHistory, on ? "ON" : "OFF");
 }
 
 std::optional<AppSettings::Position> AppSettings::ReadPosition(Window window,

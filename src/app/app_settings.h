@@ -45,6 +45,8 @@ class AppSettings {
     SimulationRate Rate() const { return rate_; }
     int ModelRow() const { return modelRow_; }                     // row of the model catalogue
     bool SavePositions() const { return savePositions_ == "ON"; }  // the check mark
+    // Whether a simulation can be gone back in.
+    bool KeepHistory() const { return keepHistory_; }
 
     // Takes the folder of a file that was chosen: the path up to its last separator.
     void SetLastPathOf(std::string_view filePath);
@@ -54,6 +56,7 @@ class AppSettings {
     void SetRate(SimulationRate rate);
     void SetModelRow(int row);
     void SetSavePositions(bool on);
+    void SetKeepHistory(bool on);
 
     // Where a window that opens is placed, in twips: at its stored position, by default the given
     // one; nothing when it is to be centred on the screen.
@@ -75,6 +78,7 @@ class AppSettings {
     common::SettingsStore* store_;
     std::string lastPath_;
     std::string savePositions_;
+    bool keepHistory_;
     float clockFrequency_;
     int eepromWriteTime_;
     int adConversionTime_;

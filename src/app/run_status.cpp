@@ -48,9 +48,7 @@ std::string WhyEnded(const core::Processor& processor, int pc) {
     return "end of program memory at " + common::Hex4(pc);
 }
 
-}  // namespace
-
-std::string StatusText(const RunStatus& status, const core::Processor& processor) {
+std::string ConditionText(const RunStatus& status, const core::Processor& processor) {
     switch (status.condition) {
         case RunCondition::Idle:
             return "Idle";
@@ -60,12 +58,25 @@ std::string StatusText(const RunStatus& status, const core::Processor& processor
             return "Breakpoint at " + Place(processor, status.pc);
         case RunCondition::Running:
             return "Running, " + NameOf(status.rate);
+        case RunCondition::Going:
+            return "Going through the history";
         case RunCondition::Ended:
             return "Stopped: " + WhyEnded(processor, status.pc);
         case RunCondition::Stopped:
             break;
     }
     return "Stopped: Stop at " + Place(processor, status.pc);
+}
+
+}  // namespace
+
+std::string StatusText(const RunStatus& status, const core::Processor& processor) {
+    std::string text = ConditionText(status, processor);
+    if (status.past) {
+        text += ", step " + std::to_string(status.past->step) + " of " +
+                std::to_string(status.past->lastStep);
+    }
+    return status.remark.empty() ? text : text + ". " + status.remark;
 }
 
 }  // namespace corvane::app

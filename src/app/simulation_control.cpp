@@ -1,8 +1,9 @@
 #include "app/simulation_control.h"
 
 #include <algorithm>
+#include <utility>
 
-#include "core/execution.h"
+#include "common/decimal_text.h"
 #include "core/reset.h"
 #include "project/statistics.h"
 
@@ -45,6 +46,13 @@ nanoseconds PauseOf(SimulationRate rate) {
     return nanoseconds(0);
 }
 
+std::optional<PastPosition> PastOf(const RunHistory* history) {
+    if (history == nullptr || history->Positions().Position() == history->Positions().Last()) {
+        return std::nullopt;
+    }
+    return PastPosition{history->Positions().Position(), history->Positions().Last()};
+}
+
 }  // namespace
 
 SimulationControl::SimulationControl(core::Processor& processor, AppSettings& settings,
@@ -70,13 +78,33 @@ RunStatus SimulationControl::Status() const {
     switch (phase_) {
         case Phase::Running:
             return {RunCondition::Running, rate, pc};
+        case Phase::Going:
+            return {RunCondition::Going, rate, pc};
         case Phase::Waiting:
-            return {breakpointReached_ == pc ? RunCondition::AtBreakpoint : RunCondition::Waiting,
-                    rate, pc};
+            return {.condition = breakpointReached_ == pc ? RunCondition::AtBreakpoint
+                                                          : RunCondition::Waiting,
+                    .rate = rate,
+                    .pc = pc,
+                    .past = PastOf(history_.get()),
+                    .remark = remark_};
         case Phase::Idle:
             break;
     }
     return {ending_.condition, rate, ending_.pc};
+}
+
+void SimulationControl::ForgetRun() {
+    ending_ = {};
+    session_.reset();
+    history_.reset();
+    remark_.clear();
+}
+
+void SimulationControl::SetBreakpoints(std::vector<int> addresses) {
+    breakpoints_ = std::move(addresses);
+    if (phase_ != Phase::Going) {
+        core::SetBreakpoints(*processor_, breakpoints_);
+    }
 }
 
 void SimulationControl::Start() {
@@ -88,6 +116,7 @@ void SimulationControl::Start() {
     startTime_ = clock_->SecondsSinceMidnight() - 0.01F;
     core::StartSimulation(*processor_);
     session_ = BeginRecording(*processor_);
+    BeginHistory();
     phase_ = Phase::Waiting;
     windows_->RefreshAfterReset();
     if (settings_->Rate() != SimulationRate::StepByStep) {
@@ -108,6 +137,10 @@ void SimulationControl::Step() {
 
 void SimulationControl::Stop() {
     if (!CanStop()) {
+        return;
+    }
+    if (phase_ == Phase::Going) {
+        isGoingCancelled_ = true;
         return;
     }
     isStopCommanded_ = true;
@@ -153,6 +186,63 @@ void SimulationControl::RunSlice() {
     }
 }
 
+void SimulationControl::BeginHistory() {
+    remark_.clear();
+    history_.reset();
+    if (settings_->KeepHistory()) {
+        history_ = std::make_unique<RunHistory>(
+            *processor_, project::Program{},
+            inspect::ReadClock(common::DecimalText(settings_->ClockFrequency()))
+                .value_or(inspect::Clock{}));
+        history_->Positions().CancelIf([this] { return IsGoingCancelled(); });
+    }
+}
+
+bool SimulationControl::CanGoBack() const {
+    return history_ != nullptr && phase_ != Phase::Going && history_->Positions().Position() > 0;
+}
+
+bool SimulationControl::IsGoingCancelled() {
+    if (!isGoingCancelled_) {
+        views_->GoingThroughHistory(history_->Positions().Position());
+    }
+    return isGoingCancelled_;
+}
+
+void SimulationControl::Go(const Move& move) {
+    if (history_ == nullptr || phase_ == Phase::Going || insideSlice_) {
+        return;
+    }
+    settings_->SetRate(SimulationRate::StepByStep);
+    pause_.reset();
+    breakpointReached_.reset();
+    isGoingCancelled_ = false;
+    phase_ = Phase::Going;
+    views_->CommandsChanged();
+    Arrive(move(*history_));
+}
+
+void SimulationControl::Arrive(std::string remark) {
+    remark_ = isGoingCancelled_ ? "Cancelled." : std::move(remark);
+    phase_ = Phase::Waiting;
+    ending_ = {};
+    session_->end.reset();
+    core::SetBreakpoints(*processor_, breakpoints_);
+    views_->ArrivedInHistory();
+    ShowState();
+    if (processor_->state.stopRequested) {
+        isStopCommanded_ = false;
+        CompleteStop();
+    } else {
+        views_->BringPcIntoView();
+    }
+}
+
+core::RunResult SimulationControl::RunSteps(std::int64_t steps) {
+    remark_.clear();
+    return history_ != nullptr ? history_->Run(steps) : core::Run(*processor_, steps);
+}
+
 void SimulationControl::EnterRunLoop() {
     phase_ = Phase::Running;
     pause_.reset();
@@ -167,7 +257,7 @@ void SimulationControl::LeaveRunLoop() {
 
 void SimulationControl::ExecuteOneStep() {
     breakpointReached_.reset();
-    if (core::ExecuteStep(*processor_).breakpointReached) {
+    if (RunSteps(1).breakpointReached) {
         BreakpointReached();
     }
     ShowState();
@@ -181,7 +271,7 @@ void SimulationControl::ExecuteFastSlice() {
     bool finished = false;
     do {
         const nanoseconds begin = now;
-        const core::RunResult result = core::Run(*processor_, stepsBetweenClockReads_);
+        const core::RunResult result = RunSteps(stepsBetweenClockReads_);
         if (result.breakpointReached) {
             BreakpointReached();
         }
@@ -198,6 +288,7 @@ void SimulationControl::ExecuteFastSlice() {
 
 void SimulationControl::ShowState() {
     windows_->RefreshAfterChange();
+    views_->CommandsChanged();
 }
 
 void SimulationControl::ShowBreakpoint() {
@@ -236,23 +327,59 @@ bool SimulationControl::IsPausing() {
     return pause_.has_value();
 }
 
-void SimulationControl::RecordPin(core::Pin pin) {
-    if (SimulationRunning()) {
-        session_->events.push_back({.clocks = processor_->state.clockCycles, .pin = pin});
+void SimulationControl::TogglePin(core::Pin pin) {
+    if (!SimulationRunning()) {
+        core::TogglePin(*processor_, pin, false);
+        return;
+    }
+    RecordEvent({.clocks = processor_->state.clockCycles, .pin = pin},
+                {.action = inspect::StimulusAction::Toggle, .pin = pin});
+}
+
+void SimulationControl::SetAnalogValue(int channel, int value) {
+    if (!SimulationRunning()) {
+        core::SetAnalogValue(*processor_, channel, value);
+        return;
+    }
+    RecordEvent({.clocks = processor_->state.clockCycles, .channel = channel, .value = value},
+                {.action = inspect::StimulusAction::Analog, .channel = channel, .value = value});
+}
+
+void SimulationControl::RecordEvent(PinEvent event, const inspect::StimulusEvent& stimulus) {
+    if (phase_ == Phase::Going) {
+        return;
+    }
+    if (history_ != nullptr) {
+        TellFuture(history_->Positions().Do(stimulus));
+    } else {
+        inspect::Apply(stimulus, *processor_);
+    }
+    session_->events.push_back(event);
+}
+
+void SimulationControl::Edit(const std::function<void(core::Processor& processor)>& change) {
+    if (!SimulationRunning()) {
+        change(*processor_);
+        return;
+    }
+    session_->hasChangedValues = true;
+    if (history_ != nullptr) {
+        TellFuture(history_->Positions().Edit(change));
+    } else {
+        change(*processor_);
     }
 }
 
-void SimulationControl::RecordAnalogValue(int channel, int value) {
-    if (SimulationRunning()) {
-        session_->events.push_back(
-            {.clocks = processor_->state.clockCycles, .channel = channel, .value = value});
+// What was done at the pins later than now has not been done in the new future.
+void SimulationControl::TellFuture(inspect::History::EventEffect effect) {
+    remark_.clear();
+    if (effect == inspect::History::EventEffect::NewFuture) {
+        remark_ = "A new future begins here: what came later is forgotten.";
+        std::erase_if(session_->events, [this](const PinEvent& event) {
+            return event.clocks > processor_->state.clockCycles;
+        });
     }
-}
-
-void SimulationControl::RecordChangedValue() {
-    if (SimulationRunning()) {
-        session_->hasChangedValues = true;
-    }
+    views_->CommandsChanged();
 }
 
 void SimulationControl::CompleteStop() {

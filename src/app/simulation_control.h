@@ -3,6 +3,7 @@
 //   Idle --Start--> Waiting (Step By Step) or Running (any other rate)
 //   Waiting --Step--> Waiting;  Waiting --SetRate--> Running
 //   Running --SetRate(StepByStep), breakpoint--> Waiting
+//   any --Go--> Going --arrival--> Waiting
 //   Waiting, Running --Stop, a step that raises stopRequested--> Idle, with the statistics message
 //
 // While it runs it asks for its next slice through SliceTimer. At Extremely Fast a slice
@@ -11,16 +12,22 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "app/app_settings.h"
 #include "app/clock.h"
 #include "app/dialogs.h"
 #include "app/open_windows.h"
+#include "app/run_history.h"
 #include "app/run_status.h"
 #include "app/session_recording.h"
 #include "app/slice_timer.h"
 #include "app/views.h"
+#include "core/execution.h"
 #include "core/processor.h"
 
 namespace corvane::app {
@@ -32,31 +39,42 @@ class SimulationControl {
 
     // True from Start until Stop completes.
     bool SimulationRunning() const { return phase_ != Phase::Idle; }
-    bool RunsByItself() const { return phase_ == Phase::Running; }  // and does not wait for Step
+    // Does not wait for a person.
+    bool RunsByItself() const { return phase_ == Phase::Running || phase_ == Phase::Going; }
     // Steps follow each other at Extremely Fast, so that only some of them are shown.
     bool RunsExtremelyFast() const;
     RunStatus Status() const;
     // The processor has been reset by something else than Start: nothing has run.
-    void ForgetRun() {
-        ending_ = {};
-        session_.reset();
-    }
+    void ForgetRun();
+
+    // Where it stops by itself, from the next step on.
+    void SetBreakpoints(std::vector<int> addresses);
 
     // What was done at the pins since the last Start; nothing without one.
     const std::optional<SessionRecording>& Session() const { return session_; }
-    // Ignored while no simulation runs.
-    void RecordPin(core::Pin pin);
-    void RecordAnalogValue(int channel, int value);
-    void RecordChangedValue();
+    // What a person does to the chip, now. It begins a new future where the simulation has been
+    // gone back in, and is ignored while that is being done.
+    void TogglePin(core::Pin pin);
+    void SetAnalogValue(int channel, int value);
+    void Edit(const std::function<void(core::Processor& processor)>& change);
 
     // Which of the three commands are enabled; a disabled one does nothing.
     bool CanStart() const { return phase_ == Phase::Idle; }
     bool CanStep() const { return phase_ == Phase::Waiting; }
     bool CanStop() const { return phase_ != Phase::Idle; }
+    // There are steps to go back to.
+    bool CanGoBack() const;
 
     void Start();
     void Step();
     void Stop();
+
+    // Of the simulation since the last Start; null when none is kept.
+    const RunHistory* History() const { return history_.get(); }
+    // Goes elsewhere in the history and waits there for Step. The move returns a remark for the
+    // status line; Stop cancels it.
+    using Move = std::function<std::string(RunHistory& history)>;
+    void Go(const Move& move);
 
     // Also stores the rate.
     void SetRate(SimulationRate rate);
@@ -65,7 +83,7 @@ class SimulationControl {
     void RunSlice();
 
   private:
-    enum class Phase : std::uint8_t { Idle, Waiting, Running };
+    enum class Phase : std::uint8_t { Idle, Waiting, Running, Going };
 
     // The pause after a step. It keeps the length of the rate it began with; the rate that is in
     // force when it ends may add a shorter one.
@@ -74,6 +92,12 @@ class SimulationControl {
         std::chrono::nanoseconds end;
     };
 
+    void BeginHistory();
+    bool IsGoingCancelled();
+    void Arrive(std::string remark);
+    void RecordEvent(PinEvent event, const inspect::StimulusEvent& stimulus);
+    void TellFuture(inspect::History::EventEffect effect);
+    core::RunResult RunSteps(std::int64_t steps);
     void EnterRunLoop();
     void LeaveRunLoop();
     void ExecuteOneStep();
@@ -101,6 +125,10 @@ class SimulationControl {
     bool isStopCommanded_ = false;
     std::optional<SessionRecording> session_;
     std::optional<int> breakpointReached_;  // pc then
+    std::vector<int> breakpoints_;
+    std::unique_ptr<RunHistory> history_;
+    bool isGoingCancelled_ = false;
+    std::string remark_;  // on the last command, for the status line
 
     struct Ending {
         RunCondition condition = RunCondition::Idle;

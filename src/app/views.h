@@ -2,6 +2,8 @@
 // is only a notice: the windows read the state from the workbench when they redraw.
 #pragma once
 
+#include <cstdint>
+
 #include "app/windows.h"
 
 namespace corvane::app {
@@ -23,6 +25,11 @@ class Views {
     virtual void ProgramChanged() = 0;
     // Workbench::Commands has changed.
     virtual void CommandsChanged() = 0;
+
+    // The simulation goes through its history. Told again and again, so that pending events, and
+    // with them a Stop, can be let in; then once that it has arrived.
+    virtual void GoingThroughHistory(std::int64_t step) = 0;
+    virtual void ArrivedInHistory() = 0;
 
     virtual void ShowWindow(Window window) = 0;   // open it, or bring it forward when it is open
     virtual void CloseWindow(Window window) = 0;  // it is open

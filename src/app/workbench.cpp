@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "app/debug_moves.h"
 #include "app/hex_input.h"
 #include "app/source_file.h"
 #include "common/decimal_text.h"
@@ -106,7 +107,10 @@ CommandStates Workbench::Commands() const {
             .canStart = simulation_.CanStart(),
             .canStep = simulation_.CanStep(),
             .canStop = simulation_.CanStop(),
+            .canGoBack = simulation_.CanGoBack(),
+            .canStepOut = CanStepOut(simulation_, processor_),
             .rate = settings_.Rate(),
+            .keepHistory = settings_.KeepHistory(),
             .savePositions = settings_.SavePositions()};
 }
 
@@ -206,6 +210,11 @@ void Workbench::ToggleSavePositions() {
     views_->CommandsChanged();
 }
 
+void Workbench::ToggleKeepHistory() {
+    settings_.SetKeepHistory(!settings_.KeepHistory());
+    views_->CommandsChanged();
+}
+
 bool Workbench::SelectMicrocontroller() {
     if (RefuseWhileRunning() || RefuseWhileOpen(Window::Disassembler) ||
         RefuseWhileOpen(Window::BreakpointsManager) || RefuseWhileOpen(Window::BasicCompiler) ||
@@ -260,14 +269,12 @@ void Workbench::ChangeAdConversionTime() {
 }
 
 void Workbench::TogglePin(core::Pin pin) {
-    core::TogglePin(processor_, pin, simulation_.SimulationRunning());
-    simulation_.RecordPin(pin);
+    simulation_.TogglePin(pin);
     windows_.RefreshAfterChange();
 }
 
 void Workbench::SetAnalogValue(int channel, int value) {
-    core::SetAnalogValue(processor_, channel, value);
-    simulation_.RecordAnalogValue(channel, value);
+    simulation_.SetAnalogValue(channel, value);
     windows_.RefreshAfterChange();
 }
 
@@ -302,8 +309,8 @@ void Workbench::ChangeValue(Dialogs& dialogs, const ValuePlace& place) {
          .remark = simulation_.SimulationRunning() ? "" : "The next Start resets the processor."});
     // While the person was thinking, another window may have started it or chosen another model.
     if (value && processor_.model == model && !RefuseChange(dialogs, place)) {
-        StoreValue(processor_, place, *value);
-        simulation_.RecordChangedValue();
+        simulation_.Edit(
+            [&place, &value](core::Processor& processor) { StoreValue(processor, place, *value); });
         windows_.RefreshAfterChange();
     }
 }
@@ -376,7 +383,7 @@ void Workbench::BreakpointsChanged() {
                      breakpoints_.Addresses().end());
     // A listing may hold addresses that pc never takes.
     std::erase_if(addresses, [](int address) { return address >= core::kProgramCounterRange; });
-    core::SetBreakpoints(processor_, addresses);
+    simulation_.SetBreakpoints(std::move(addresses));
 }
 
 void Workbench::CloseSecondaryWindows() {

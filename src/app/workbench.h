@@ -30,7 +30,10 @@ struct CommandStates {
     bool canStart;
     bool canStep;
     bool canStop;
+    bool canGoBack;
+    bool canStepOut;      // and not only one step
     SimulationRate rate;  // the one with the check mark
+    bool keepHistory;
     bool savePositions;
     bool operator==(const CommandStates&) const = default;
 };
@@ -84,6 +87,9 @@ class Workbench {
     void ChangeClockFrequency();                 // menuclock
     void ChangeEepromWriteTime();                // menuwritetime
     void ChangeAdConversionTime();               // menuconversiontime
+
+    // Debug. From the next Start on.
+    void ToggleKeepHistory();
 
     // Microcontroller View.
     void TogglePin(core::Pin pin);

@@ -35,6 +35,7 @@ History::History(core::Processor& processor, FaultFinder& faults, const HistoryL
 void History::Begin(std::vector<StimulusEvent> scriptedEvents) {
     scriptedEvents_ = std::move(scriptedEvents);
     madeEvents_.clear();
+    edits_.clear();
     snapshots_.clear();
     last_ = 0;
     faults_.Begin();
@@ -48,7 +49,7 @@ void History::Begin(std::vector<StimulusEvent> scriptedEvents) {
 std::size_t History::Bytes() const {
     const std::size_t events = scriptedEvents_.size() + madeEvents_.size();
     return snapshots_.size() * sizeof(decltype(snapshots_)::value_type) +
-           events * sizeof(StimulusEvent);
+           events * sizeof(StimulusEvent) + edits_.size() * sizeof(decltype(edits_)::value_type);
 }
 
 void History::Want(const std::vector<Quantity>& quantities) {
@@ -113,11 +114,25 @@ void History::Restore(std::int64_t atMost) {
 }
 
 PlayEnd History::FindNext(Lookout& lookout) {
-    return Play({.to = kNoPosition,
+    return FindNext(lookout, kNoPosition - Position());
+}
+
+PlayEnd History::FindNext(Lookout& lookout, std::int64_t steps) {
+    return Play({.to = Position() + steps,
                  .lookout = &lookout,
                  .endsWhenFound = true,
                  .canBeCancelled = true})
         .end;
+}
+
+std::int64_t History::StepsUntilTold() const {
+    return NextSlice(Position(), kNoPosition) - Position();
+}
+
+void History::Ran(std::int64_t steps) {
+    measurements_.CountSteps(steps);
+    Arrive(measurements_);
+    PerformEventsAfterRestoring();
 }
 
 // Pieces between snapshots are played, the nearest first. A piece's first position belongs to the
@@ -156,12 +171,33 @@ History::EventEffect History::Do(StimulusEvent event) {
     if (processor_.state == before) {
         return EventEffect::Nothing;
     }
-    measurements_.AfterInput(processor_.state);
-    const EventEffect effect = last_ > event.step ? EventEffect::NewFuture : EventEffect::Continues;
-    madeEvents_.erase(FirstAfter(madeEvents_, event.step), madeEvents_.end());
+    const EventEffect effect = BeginFuture();
     madeEvents_.push_back(event);
-    snapshots_.erase(snapshots_.upper_bound(event.step), snapshots_.end());
-    last_ = event.step;
+    return effect;
+}
+
+// The edited state holds what the events at its position have done.
+History::EventEffect History::Edit(const std::function<void(core::Processor& processor)>& change) {
+    const core::ProcessorState before = processor_.state;
+    change(processor_);
+    if (processor_.state == before) {
+        return EventEffect::Nothing;
+    }
+    const EventEffect effect = BeginFuture();
+    madeEvents_.erase(FirstAfter(madeEvents_, Position() - 1), madeEvents_.end());
+    edits_.insert_or_assign(Position(), processor_.state);
+    return effect;
+}
+
+// Something has changed at the present position, so that what came later does not come.
+History::EventEffect History::BeginFuture() {
+    const std::int64_t present = Position();
+    measurements_.AfterInput(processor_.state);
+    const EventEffect effect = last_ > present ? EventEffect::NewFuture : EventEffect::Continues;
+    madeEvents_.erase(FirstAfter(madeEvents_, present), madeEvents_.end());
+    edits_.erase(edits_.upper_bound(present), edits_.end());
+    snapshots_.erase(snapshots_.upper_bound(present), snapshots_.end());
+    last_ = present;
     return effect;
 }
 
@@ -223,22 +259,33 @@ std::optional<PlayEnd> History::EndHere(const Stretch& stretch) const {
 // Where something is to be done next: a snapshot, an event, or the end.
 std::int64_t History::NextSlice(std::int64_t from, std::int64_t to) const {
     const std::int64_t snapshot = (from / density_.spacing + 1) * density_.spacing;
+    const auto edit = edits_.upper_bound(from);
     return std::min({to, snapshot, NextEvent(scriptedEvents_, from), NextEvent(madeEvents_, from),
+                     edit == edits_.end() ? kNoPosition : edit->first,
                      limits_.steps.value_or(kNoPosition)});
 }
 
 // Those of the present position; whether there are any.
 bool History::PerformEvents(const std::function<void()>& tellInput) {
-    bool hadEvents = false;
-    for (const auto* events : {&scriptedEvents_, &madeEvents_}) {
-        for (auto event = FirstAfter(*events, Position() - 1);
-             event != events->end() && event->step == Position(); ++event) {
-            Apply(*event, processor_);
-            tellInput();
-            hadEvents = true;
-        }
+    bool hadEvents = PerformAll(scriptedEvents_, tellInput);
+    if (const auto edit = edits_.find(Position()); edit != edits_.end()) {
+        processor_.state = edit->second;
+        core::StateChanged(processor_);
+        tellInput();
+        hadEvents = true;
     }
-    return hadEvents;
+    return PerformAll(madeEvents_, tellInput) || hadEvents;
+}
+
+bool History::PerformAll(const std::vector<StimulusEvent>& events,
+                         const std::function<void()>& tellInput) {
+    const auto first = FirstAfter(events, Position() - 1);
+    auto event = first;
+    for (; event != events.end() && event->step == Position(); ++event) {
+        Apply(*event, processor_);
+        tellInput();
+    }
+    return event != first;
 }
 
 void History::PerformEventsAfterRestoring() {

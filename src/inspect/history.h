@@ -84,8 +84,17 @@ class History {
     // In either direction. Cancelled, it stays where it has come to.
     PlayEnd GoTo(std::int64_t position);
 
-    // Plays on until the lookout has found its position.
+    bool IsCancelled() const { return isCancelled_(); }
+
+    // Plays on until the lookout has found its position, or so many steps are done.
     PlayEnd FindNext(Lookout& lookout);
+    PlayEnd FindNext(Lookout& lookout, std::int64_t steps);
+
+    // Whether each step must be played here. Otherwise the owner may let the engine run by itself,
+    // at most so many steps before it tells how many were done.
+    bool MustPlay() const { return !wanted_.empty() || faults_.Kinds().any(); }
+    std::int64_t StepsUntilTold() const;
+    void Ran(std::int64_t steps);
 
     // The nearest position before the present one that the lookout finds, but never Start; nothing
     // when there is none or it was cancelled. The present position stays.
@@ -99,6 +108,8 @@ class History {
     // remembered.
     enum class EventEffect : std::uint8_t { Nothing, Continues, NewFuture };
     EventEffect Do(StimulusEvent event);
+    // The same with a change of the state by hand.
+    EventEffect Edit(const std::function<void(core::Processor& processor)>& change);
 
   private:
     struct Snapshot {
@@ -126,7 +137,10 @@ class History {
     std::optional<PlayEnd> EndHere(const Stretch& stretch) const;
     void Arrive(const Measurements& measurements);
     std::int64_t NextSlice(std::int64_t from, std::int64_t to) const;
+    EventEffect BeginFuture();
     bool PerformEvents(const std::function<void()>& tellInput);
+    bool PerformAll(const std::vector<StimulusEvent>& events,
+                    const std::function<void()>& tellInput);
     void PerformEventsAfterRestoring();
     void Keep(const RunSnapshot& run);
     void Thin();
@@ -140,6 +154,7 @@ class History {
     std::vector<Quantity> wanted_;
     std::vector<StimulusEvent> scriptedEvents_;  // both in ascending order of their steps
     std::vector<StimulusEvent> madeEvents_;
+    std::map<std::int64_t, core::ProcessorState> edits_;  // the state after them, by step
     std::map<std::int64_t, Snapshot> snapshots_;
     std::int64_t last_ = 0;
 };

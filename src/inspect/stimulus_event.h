@@ -11,11 +11,11 @@ namespace corvane::inspect {
 enum class StimulusAction : std::uint8_t { Toggle, Set, Analog };
 
 struct StimulusEvent {
-    std::int64_t step;  // executed steps before the event
-    StimulusAction action;
-    core::Pin pin;  // of Toggle and Set
-    int channel;    // of Analog
-    int value;      // of Set (the level) and Analog
+    std::int64_t step = 0;  // executed steps before the event
+    StimulusAction action{};
+    core::Pin pin{};  // of Toggle and Set
+    int channel = 0;  // of Analog
+    int value = 0;    // of Set (the level) and Analog
 };
 
 // Performs the event.

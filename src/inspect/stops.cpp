@@ -137,7 +137,10 @@ bool StopLookout::IsFoundAt(const Moment& moment) {
 }
 
 bool StopLookout::IsGoalAt(const Moment& moment) const {
-    return Holds(goal_.expression, moment) || Contains(goal_.addresses, moment.processor.state.pc);
+    const core::ProcessorState& state = moment.processor.state;
+    return Holds(goal_.expression, moment) ||
+           (Contains(goal_.addresses, state.pc) &&
+            state.stackPointer == goal_.stackPointer.value_or(state.stackPointer));
 }
 
 // It may have stayed true, unseen, until just before it became false, or to the end.

@@ -28,6 +28,7 @@ struct Stop {
 struct Goal {
     std::optional<Expression> expression{};  // not 0, or without a value
     std::vector<int> addresses{};            // pc is one of them after a step
+    std::optional<int> stackPointer{};       // which it must be besides
     std::string text{};                      // how a stop there is named; empty: it is not
 };
 

@@ -86,6 +86,12 @@ class RecordingViews final : public Views, public SliceTimer {
     void ModelChanged() override { calls.emplace_back("model"); }
     void ProgramChanged() override { calls.emplace_back("program"); }
     void CommandsChanged() override { commandsSeen.push_back(workbench->Commands()); }
+    void GoingThroughHistory(std::int64_t /*step*/) override {
+        if (duringGoing) {
+            duringGoing();
+        }
+    }
+    void ArrivedInHistory() override {}
     void ShowWindow(Window window) override { Note("show ", window); }
     void CloseWindow(Window window) override {
         Note("close ", window);
@@ -103,6 +109,7 @@ class RecordingViews final : public Views, public SliceTimer {
     std::vector<CommandStates> commandsSeen;
     std::optional<std::chrono::nanoseconds> scheduled;
     std::function<void()> duringRefresh;
+    std::function<void()> duringGoing;
 
   private:
     void Note(const char* what, Window window) {

@@ -1,5 +1,10 @@
 #include "app/simulation_control.h"
 
+#include <gmock/gmock.h>
+
+#include <random>
+
+#include "app/debug_moves.h"
 #include "fakes.h"
 
 namespace corvane::app {
@@ -271,6 +276,76 @@ TEST_F(SimulationTest, CommandsFromWithinARefresh) {
     EXPECT_FALSE(Simulation().SimulationRunning());
     EXPECT_EQ(State().instructionCount, 1);
     EXPECT_EQ(dialogs.Shown().size(), 1U);
+}
+
+// A session with clicks and changes by hand, gone through in any order, has at each of its steps
+// the state that it had there first.
+TEST_F(SimulationTest, EveryStepOfTheHistoryIsWhatItWas) {
+    // MOVF PORTB,W; ADDWF 0x0C; INCF 0x0D; GOTO 0
+    Prepare(SimulationRate::StepByStep, {0x0806, 0x078C, 0x0A8D, kGoto0});
+    Simulation().Start();
+    std::vector<core::ProcessorState> states = {State()};
+    std::mt19937 random(7);
+    for (int step = 1; step <= 300; ++step) {
+        Simulation().Step();
+        if (random() % 8 == 0) {
+            workbench->TogglePin({.port = 1, .bit = static_cast<int>(random() % 8)});
+        }
+        if (random() % 40 == 0) {
+            Simulation().Edit([](core::Processor& processor) {
+                StoreValue(processor, {ValueKind::Register, 0x0D}, 3);
+            });
+        }
+        states.push_back(State());
+    }
+    for (int i = 0; i < 200; ++i) {
+        const auto step = static_cast<std::int64_t>(random() % states.size());
+        GoToStep(Simulation(), step);
+        ASSERT_EQ(State(), states.at(static_cast<std::size_t>(step))) << step;
+        if (random() % 2 == 0 && step < 300) {
+            Simulation().Step();
+            ASSERT_EQ(State(), states.at(static_cast<std::size_t>(step) + 1)) << step;
+        }
+    }
+    GoToStep(Simulation(), 100);
+    workbench->TogglePin({.port = 1, .bit = 0});
+    EXPECT_EQ(Simulation().History()->Positions().Last(), 100);
+    EXPECT_THAT(workbench->Status(), testing::HasSubstr("A new future begins here"));
+    workbench->SaveSessionAsTest();
+    EXPECT_EQ(dialogs.Shown().back(), "Values have been changed by hand, which a test can not do.");
+}
+
+TEST_F(SimulationTest, GoingBackFromARunThatCannotBeWaitedFor) {
+    Prepare(SimulationRate::ExtremelyFast, {kNop, kGoto0});
+    clock.perRead = milliseconds(5);
+    Simulation().Start();
+    for (int i = 0; i < 20; ++i) {
+        FireTimer();
+    }
+    const std::int64_t last = State().instructionCount;
+    workbench->ToggleBreakpoint(dialogs, 1);
+    StepBack(Simulation());
+    EXPECT_EQ(State().instructionCount, last - 1);
+    EXPECT_EQ(workbench->Settings().Rate(), SimulationRate::StepByStep);
+    ExpectCommands(false, true, true);
+
+    views.duringGoing = [this] {
+        EXPECT_EQ(workbench->Status(), "Going through the history");
+        EXPECT_TRUE(Simulation().RunsByItself());
+        GoToStep(Simulation(), 1);  // the first goes on
+        const auto before = State();
+        workbench->TogglePin({.port = 1, .bit = 0});
+        EXPECT_EQ(State(), before);
+        Simulation().Stop();
+    };
+    RunBack(Simulation());
+    EXPECT_THAT(workbench->Status(), testing::EndsWith(". Cancelled."));
+    EXPECT_EQ(State().instructionCount, last - 1) << "a search that is cancelled goes nowhere";
+
+    views.duringGoing = nullptr;
+    Simulation().SetRate(SimulationRate::ExtremelyFast);
+    FireTimer();
+    EXPECT_EQ(State().pc, 1) << "the breakpoint is still there";
 }
 
 }  // namespace

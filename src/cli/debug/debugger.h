@@ -12,6 +12,7 @@
 #include "inspect/expression.h"
 #include "inspect/faults.h"
 #include "inspect/history.h"
+#include "inspect/moves.h"
 #include "inspect/names.h"
 #include "inspect/stops.h"
 
@@ -33,7 +34,7 @@ class Debugger {
     using Reply = common::Result<std::string>;
     using Arguments = std::string_view;
     using ExpressionResult = common::Result<inspect::Expression>;
-    enum class Direction : bool { Forward, Back };
+    using Direction = inspect::Direction;
     struct Move {
         std::string_view name;
         Reply (Debugger::*answer)(Arguments arguments, Direction direction);

@@ -94,28 +94,21 @@ Debugger::Reply Debugger::Line(Arguments /*arguments*/, Direction direction) {
                                   : Search(goal, direction);
 }
 
-// The last position found is gone to by the step before it, so that what holds there is told.
 Debugger::Reply Debugger::Search(const inspect::Goal& goal, Direction direction) {
     inspect::StopLookout lookout(stops_, goal, faults_);
-    if (direction == Direction::Back) {
-        const std::optional<std::int64_t> found = history_.FindPrevious(lookout);
-        if (IsInterrupted()) {
-            return Reply::Success(EndText(inspect::PlayEnd::Cancelled));
-        }
-        if (!found || *found == 0) {
-            const Reply reply = MoveTo(0);
-            return Reply::Success(reply->empty() ? "stop: Start\n" : *reply);
-        }
-        const inspect::PlayEnd end = history_.GoTo(*found - 1);
-        if (end != inspect::PlayEnd::Reached) {
-            return Reply::Success(EndText(end));
-        }
+    switch (inspect::Search(history_, lookout, direction)) {
+        case inspect::SearchEnd::Found:
+            return Reply::Success(FoundText(lookout, goal));
+        case inspect::SearchEnd::Start:
+            return Reply::Success("stop: Start\n");
+        case inspect::SearchEnd::Ended:
+            return Reply::Success(EndText(inspect::PlayEnd::Ended));
+        case inspect::SearchEnd::Limit:
+            return Reply::Success(EndText(inspect::PlayEnd::Limit));
+        case inspect::SearchEnd::Cancelled:
+            break;
     }
-    const inspect::PlayEnd end = history_.FindNext(lookout);
-    if (end != inspect::PlayEnd::Found) {
-        return Reply::Success(EndText(end));
-    }
-    return Reply::Success(FoundText(lookout, goal));
+    return Reply::Success(EndText(inspect::PlayEnd::Cancelled));
 }
 
 std::string Debugger::FoundText(const inspect::StopLookout& lookout,

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <utility>
 
+#include "app/debug_moves.h"
 #include "ui/desktop/window_factory.h"
 #include "ui/dialogs/help_window.h"
 #include "ui/editor/source_window.h"
@@ -31,6 +32,9 @@ Desktop::Desktop(Folders folders, common::SettingsStore& store, app::Clock& cloc
     QObject::connect(
         &mainWindow_, &MainWindow::ChangeRequested, &mainWindow_,
         [this](const QLabel* value) { ChangeValue(*value); }, Qt::QueuedConnection);
+    QObject::connect(
+        &mainWindow_, &MainWindow::LastChangeRequested, &mainWindow_,
+        [this](const QLabel* value) { RunBackToLastChange(*value); }, Qt::QueuedConnection);
     QObject::connect(&mainWindow_, &MainWindow::FileDropped, &mainWindow_,
                      [this](const QString& path) { OpenFile(path); });
     QObject::connect(&mainWindow_, &MainWindow::CloseRequested, &mainWindow_, [this] { Quit(); });
@@ -117,6 +121,9 @@ void Desktop::Quit() {
         box->activateWindow();
         return;
     }
+    if (going_) {
+        workbench_.Simulation().Stop();
+    }
     StorePosition(mainWindow_, workbench_.Settings(), app::Window::Main);
     workbench_.CloseSecondaryWindows();
     End(EXIT_SUCCESS);
@@ -137,6 +144,19 @@ void Desktop::ChangeValue(const QLabel& value) {
     if (const auto place = mainWindow_.PlaceOf(value, workbench_.Processor())) {
         workbench_.ChangeValue(*dialogs_, *place);
     }
+}
+
+void Desktop::RunBackToLastChange(const QLabel& value) {
+    if (const auto place = mainWindow_.PlaceOf(value, workbench_.Processor())) {
+        app::RunBackToLastChange(workbench_.Simulation(), workbench_.Processor(), *place);
+    }
+}
+
+void Desktop::GoingThroughHistory(std::int64_t step) {
+    if (!going_) {
+        going_.emplace(mainWindow_, [this] { workbench_.Simulation().Stop(); });
+    }
+    going_->LetEventsIn(step);
 }
 
 void Desktop::BringPcIntoView() {

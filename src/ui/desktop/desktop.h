@@ -10,6 +10,7 @@
 
 #include "app/workbench.h"
 #include "ui/debug/tests_window.h"
+#include "ui/desktop/going_frame.h"
 #include "ui/desktop/main_menu.h"
 #include "ui/main/main_window.h"
 #include "ui/window/dialogs_factory.h"
@@ -54,6 +55,7 @@ class Desktop final : private app::Views, private app::SliceTimer {
     void SelectMicrocontroller();
     void OpenText(TextWindow text);
     void RunTests();
+    void RunBackToLastChange() { mainWindow_.RequestLastChange(); }
     void Quit();
 
   private:
@@ -62,6 +64,8 @@ class Desktop final : private app::Views, private app::SliceTimer {
     void ModelChanged() override;
     void ProgramChanged() override;
     void CommandsChanged() override;
+    void GoingThroughHistory(std::int64_t step) override;
+    void ArrivedInHistory() override { going_.reset(); }
     void ShowWindow(app::Window window) override;
     void CloseWindow(app::Window window) override;
     void SetTopmost(app::Window window, bool topmost) override;
@@ -69,6 +73,7 @@ class Desktop final : private app::Views, private app::SliceTimer {
 
     void DrawMain();
     void ChangeValue(const QLabel& value);
+    void RunBackToLastChange(const QLabel& value);
     void OpenSource(app::Window window, const QString& path);
     void End(int exitCode);
 
@@ -83,6 +88,7 @@ class Desktop final : private app::Views, private app::SliceTimer {
     std::map<app::Window, QPointer<SecondaryWindow>> windows_;
     std::map<TextWindow, QPointer<QWidget>> textWindows_;
     QPointer<TestsWindow> testsWindow_;
+    std::optional<GoingFrame> going_;  // while the simulation goes through its history
 };
 
 }  // namespace corvane::ui

@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <functional>
 
+#include "app/debug_moves.h"
 #include "ui/desktop/desktop.h"
 #include "ui/window/command.h"
 
@@ -68,16 +69,6 @@ void AddToolsMenu(QMenuBar& bar, Desktop& desktop) {
     tools.Add("menubasic", "BASIC &Compiler", "", OpensWindow(desktop, Window::BasicCompiler));
 }
 
-void AddDebugMenu(QMenuBar& bar, Desktop& desktop) {
-    Menu debug(bar, "menudebug", "Deb&ug");
-    debug.Add("menuruntests", "Run &Tests...", "", [&desktop] { desktop.RunTests(); });
-    debug.Add("menusavesession", "&Save Session as Test...", "",
-              [&desktop] { desktop.Workbench().SaveSessionAsTest(); });
-    debug.AddSeparator();
-    debug.Add("menutestinghelp", "Testing &Firmware", "",
-              OpensText(desktop, TextWindow::TestingFirmware));
-}
-
 void AddHelpMenu(QMenuBar& bar, Desktop& desktop) {
     Menu help(bar, "menu6", "&Help");
     help.Add("menututorial", "Getting Started", "", OpensText(desktop, TextWindow::GettingStarted));
@@ -96,7 +87,7 @@ MainMenu::MainMenu(QMenuBar& bar, Desktop& desktop) : bar_(&bar) {
     AddRateMenu(desktop);
     AddToolsMenu(bar, desktop);
     AddOptionsMenu(desktop);
-    AddDebugMenu(bar, desktop);
+    AddDebugMenu(desktop);
     AddHelpMenu(bar, desktop);
 }
 
@@ -143,6 +134,42 @@ void MainMenu::AddOptionsMenu(Desktop& desktop) {
                 [&desktop] { desktop.Workbench().ChangeAdConversionTime(); });
 }
 
+void MainMenu::AddDebugMenu(Desktop& desktop) {
+    using app::Direction;
+    Menu debug(*bar_, "menudebug", "Deb&ug");
+    const auto moves = [&desktop](auto move) -> Run {
+        return [&desktop, move] { move(desktop.Workbench().Simulation()); };
+    };
+    movesBack_ = {debug.Add("menustepback", "Step &Back", "Shift+F8", moves(app::StepBack)),
+                  debug.Add("menurunback", "Run B&ack", "Shift+F9", moves(app::RunBack))};
+    debug.AddSeparator();
+    stepOver_ =
+        debug.Add("menustepover", "Step &Over", "F10",
+                  moves([](auto& simulation) { app::StepOver(simulation, Direction::Forward); }));
+    stepOut_ =
+        debug.Add("menustepout", "Step O&ut", "Shift+F10",
+                  moves([](auto& simulation) { app::StepOut(simulation, Direction::Forward); }));
+    movesBack_ +=
+        debug.Add("menustepoverback", "Step O&ver Backwards", "Ctrl+F10",
+                  moves([](auto& simulation) { app::StepOver(simulation, Direction::Back); }));
+    movesBack_ +=
+        debug.Add("menustepoutback", "Step Out Bac&kwards", "Ctrl+Shift+F10",
+                  moves([](auto& simulation) { app::StepOut(simulation, Direction::Back); }));
+    movesBack_ += debug.Add("menulastchange", "Run Back to &Last Change", "",
+                            [&desktop] { desktop.RunBackToLastChange(); });
+    debug.AddSeparator();
+    debug.Add("menuruntests", "Run &Tests...", "", [&desktop] { desktop.RunTests(); });
+    debug.Add("menusavesession", "&Save Session as Test...", "",
+              [&desktop] { desktop.Workbench().SaveSessionAsTest(); });
+    debug.AddSeparator();
+    keepHistory_ = debug.Add("menukeephistory", "Keep &History", "",
+                             [&desktop] { desktop.Workbench().ToggleKeepHistory(); });
+    keepHistory_->setCheckable(true);
+    debug.AddSeparator();
+    debug.Add("menutestinghelp", "Testing &Firmware", "",
+              OpensText(desktop, TextWindow::TestingFirmware));
+}
+
 void MainMenu::Show(const app::CommandStates& states) {
     for (QAction* menu : bar_->actions()) {
         menu->setEnabled(states.menusEnabled);
@@ -154,10 +181,16 @@ void MainMenu::Show(const app::CommandStates& states) {
         rates_[i]->setChecked(i + 1 == static_cast<qsizetype>(states.rate));
     }
     savePositions_->setChecked(states.savePositions);
+    for (QAction* move : movesBack_) {
+        move->setEnabled(states.canGoBack);
+    }
+    stepOver_->setEnabled(states.canStep && states.keepHistory);
+    stepOut_->setEnabled(states.canStepOut);
+    keepHistory_->setChecked(states.keepHistory);
 }
 
 QList<QAction*> MainMenu::SimulationActions() const {
-    return QList<QAction*>{start_, step_, stop_} + rates_;
+    return QList<QAction*>{start_, step_, stop_, stepOver_, stepOut_} + rates_ + movesBack_;
 }
 
 }  // namespace corvane::ui

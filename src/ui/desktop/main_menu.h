@@ -16,13 +16,15 @@ class MainMenu {
 
     // Brings enabled states and check marks up to date.
     void Show(const app::CommandStates& states);
-    // Start, Step, Stop and the rates, whose shortcuts are useful in other windows too.
+    // Start, Step, Stop, the rates and the moves of Debug, whose shortcuts are useful in other
+    // windows too.
     QList<QAction*> SimulationActions() const;
 
   private:
     void AddSimulationMenu(Desktop& desktop);
     void AddRateMenu(Desktop& desktop);
     void AddOptionsMenu(Desktop& desktop);
+    void AddDebugMenu(Desktop& desktop);
 
     QMenuBar* bar_;
     QAction* start_ = nullptr;
@@ -30,6 +32,10 @@ class MainMenu {
     QAction* stop_ = nullptr;
     QList<QAction*> rates_;  // in the order of app::SimulationRate
     QAction* savePositions_ = nullptr;
+    QList<QAction*> movesBack_;
+    QAction* stepOver_ = nullptr;
+    QAction* stepOut_ = nullptr;
+    QAction* keepHistory_ = nullptr;
 };
 
 }  // namespace corvane::ui

@@ -56,7 +56,8 @@ MainWindow::MainWindow()
       gprs_(new GprTable),
       sfrs_(new SfrTable),
       runPanel_(new RunPanel(focusTaker_)),
-      status_(NewStatusLine()) {
+      status_(NewStatusLine()),
+      valueActions_(new ValueActions(*this, tr("Change &Value..."))) {
     setObjectName("MainWindow");
     setWindowTitle("Corvane");
     setAcceptDrops(true);
@@ -85,16 +86,22 @@ MainWindow::MainWindow()
 }
 
 void MainWindow::AddValueActions() {
-    auto* actions = new ValueActions(*this, tr("Change &Value..."));
-    connect(actions, &ValueActions::ChangeRequested, this, &MainWindow::ChangeRequested);
+    valueActions_->OfferLastChange();
+    connect(valueActions_, &ValueActions::ChangeRequested, this, &MainWindow::ChangeRequested);
+    connect(valueActions_, &ValueActions::LastChangeRequested, this,
+            &MainWindow::LastChangeRequested);
     for (QLabel* label : centralWidget()->findChildren<QLabel*>()) {
         const bool isValue = qobject_cast<DataLabel*>(label) != nullptr ||
                              qobject_cast<BitCell*>(label) != nullptr ||
                              qobject_cast<PathLabel*>(label) != nullptr;
         if (isValue && label->buddy() == nullptr) {
-            actions->Add(*label);
+            valueActions_->Add(*label);
         }
     }
+}
+
+void MainWindow::RequestLastChange() {
+    valueActions_->RequestLastChange();
 }
 
 std::optional<app::ValuePlace> MainWindow::PlaceOf(const QLabel& value,

@@ -13,6 +13,8 @@
 
 namespace corvane::ui {
 
+class ValueActions;
+
 class MainWindow : public QMainWindow {
     Q_OBJECT
   public:
@@ -34,9 +36,13 @@ class MainWindow : public QMainWindow {
     std::optional<app::ValuePlace> PlaceOf(const QLabel& value,
                                            const core::Processor& processor) const;
 
+    // Of the value that was selected last.
+    void RequestLastChange();
+
   signals:
-    // A person wants to change what this label shows.
+    // A person wants to change what this label shows, or to see where it changed last.
     void ChangeRequested(QLabel* value);
+    void LastChangeRequested(QLabel* value);
     void GprsScrolled();
     void SfrsScrolled();
     void FileDropped(const QString& path);
@@ -59,6 +65,7 @@ class MainWindow : public QMainWindow {
     SfrTable* sfrs_;
     RunPanel* runPanel_;
     QLabel* status_;
+    ValueActions* valueActions_;
     LastStep lastStep_;
 };
 

@@ -45,18 +45,27 @@ int DistanceTowards(int key, QPoint from, QPoint to) {
 
 }  // namespace
 
+// What an entry of the context menu does with the value that it is open for.
+template <typename Action>
+auto ValueActions::ForContextValue(Action action) {
+    return [this, action] {
+        if (contextValue_ != nullptr) {
+            action(*contextValue_);
+        }
+    };
+}
+
 ValueActions::ValueActions(QWidget& window, const QString& changeCaption)
     : QObject(&window), window_(&window), contextMenu_(new QMenu(&window)) {
-    const auto forValue = [this](auto action) {
-        return [this, action] {
-            if (contextValue_ != nullptr) {
-                action(*contextValue_);
-            }
-        };
-    };
-    AddCommand(*contextMenu_, {"valuecopy", tr("&Copy") + "\tCtrl+C"}, *this, forValue(Copy));
+    AddCommand(*contextMenu_, {"valuecopy", tr("&Copy") + "\tCtrl+C"}, *this,
+               ForContextValue(Copy));
     AddCommand(*contextMenu_, {"valuechange", changeCaption + "\tF2"}, *this,
-               forValue([this](QLabel& value) { emit ChangeRequested(&value); }));
+               ForContextValue([this](QLabel& value) { emit ChangeRequested(&value); }));
+}
+
+void ValueActions::OfferLastChange() {
+    AddCommand(*contextMenu_, {"valuelastchange", tr("Run &Back to Last Change")}, *this,
+               ForContextValue([this](QLabel& value) { emit LastChangeRequested(&value); }));
 }
 
 void ValueActions::Add(QLabel& value) {

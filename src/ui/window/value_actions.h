@@ -21,17 +21,25 @@ class ValueActions final : public QObject {
     // What the context menu calls the change.
     ValueActions(QWidget& window, const QString& changeCaption);
 
+    // Adds "Run Back to Last Change" to the context menu.
+    void OfferLastChange();
+    // The same for the value that was selected last.
+    void RequestLastChange() { emit LastChangeRequested(current_); }
+
     // The first one that is added is the one that Tab leads to at first.
     void Add(QLabel& value);
 
   signals:
     void Clicked(QLabel* value);
     void ChangeRequested(QLabel* value);
+    void LastChangeRequested(QLabel* value);
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    template <typename Action>
+    auto ForContextValue(Action action);
     bool HandleKey(QLabel& value, QKeyEvent& key);
     void SetCurrent(QLabel& value);
     void ShowSelected(QLabel& value, bool isSelected);
