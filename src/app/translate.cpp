@@ -1,6 +1,7 @@
 #include "app/translate.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "app/assembly_with_gpasm.h"
 #include "project/gpasm.h"
@@ -27,6 +28,57 @@ std::string Counts(std::size_t errors, std::size_t warnings) {
     return Count(errors, "error") + ", " + Count(warnings, "warning") + ". ";
 }
 
+struct Assembled {
+    AssemblyRun run;
+    assembler::Assembly assembly;  // without the listing, which the run has
+};
+
+Assembled AssembleAndWrite(const Workbench& workbench, Dialogs& dialogs, const SourceFile& source,
+                           std::string_view text, const common::ProgressCallback& progress) {
+    const std::string listingPath = source.PathWithExtension(".lst");
+    const std::string hexPath = source.PathWithExtension(".hex");
+    RemoveOldResults({listingPath, hexPath});
+    const models::Model& model = workbench.Model();
+    const std::vector<models::PredefinedSymbol> symbols =
+        ReadSymbolsOrInform(dialogs, model.name, workbench.Processor().description.asmSymbolLines);
+    assembler::Assembly assembly =
+        assembler::Assemble(text, symbols, workbench.ConfigurationWord(), progress);
+    AssemblyRun run;
+    run.listedErrors = assembler::ErrorsInListing(assembly);
+    run.messages = assembler::WarningsFor(assembly, model.name, model.programWords);
+    run.errorCount = assembly.errorCount;
+    run.isWrittenForGpasm = run.errorCount != 0 && project::IsWrittenForGpasm(assembly);
+    run.isWritten = run.errorCount == 0 &&
+                    WriteFileOrInform(dialogs, listingPath, assembly.listing) &&
+                    WriteFileOrInform(dialogs, hexPath, assembly.hex);
+    run.listing = std::exchange(assembly.listing, {});
+    return {std::move(run), std::move(assembly)};
+}
+
+using Compiled = common::Result<basic::Compilation, common::Diagnostic>;
+
+// An error is told.
+Compiled CompileOrInform(const Workbench& workbench, Dialogs& dialogs, std::string_view text,
+                         const common::ProgressCallback& progress) {
+    Compiled compiled = basic::Compile(text, workbench.Model(), workbench.Processor().description,
+                                       workbench.Settings().ClockFrequency(), progress);
+    if (!compiled) {
+        dialogs.Inform(common::TextWithLine(compiled.error));
+    }
+    return compiled;
+}
+
+void TellOfSuccess(Dialogs& dialogs, const std::string& path,
+                   const std::vector<common::Diagnostic>& warnings) {
+    const std::string success =
+        "The compilation process was successful.\r\nOutput saved as " + path;
+    if (warnings.empty()) {
+        dialogs.Inform(success);
+    } else {
+        dialogs.InformWithDetails(success, WarningLines(warnings));
+    }
+}
+
 }  // namespace
 
 std::vector<models::PredefinedSymbol> ReadSymbolsOrInform(
@@ -45,28 +97,14 @@ AssemblyRun AssembleSource(const Workbench& workbench, Dialogs& dialogs, const S
     if (common::ReadSwitchSetting(store, kAssembleWithGpasm)) {
         return AssembleWithGpasm(workbench, dialogs, source, text, isCancelled);
     }
-    const std::string listingPath = source.PathWithExtension(".lst");
-    const std::string hexPath = source.PathWithExtension(".hex");
-    RemoveOldResults({listingPath, hexPath});
-    const models::Model& model = workbench.Model();
-    const std::vector<models::PredefinedSymbol> symbols =
-        ReadSymbolsOrInform(dialogs, model.name, workbench.Processor().description.asmSymbolLines);
-    assembler::Assembly assembly =
-        assembler::Assemble(text, symbols, workbench.ConfigurationWord(), progress);
-    AssemblyRun run;
-    run.listedErrors = assembler::ErrorsInListing(assembly);
-    run.messages = assembler::WarningsFor(assembly, model.name, model.programWords);
-    run.errorCount = assembly.errorCount;
-    run.isWrittenForGpasm = run.errorCount != 0 && project::IsWrittenForGpasm(assembly);
-    run.isWritten = run.errorCount == 0 &&
-                    WriteFileOrInform(dialogs, listingPath, assembly.listing) &&
-                    WriteFileOrInform(dialogs, hexPath, assembly.hex);
+    Assembled assembled = AssembleAndWrite(workbench, dialogs, source, text, progress);
+    AssemblyRun& run = assembled.run;
     if (run.errorCount == 0 && ChecksProgram(store)) {
         AddFindings(run, workbench, source.Name(),
-                    project::FromAssembly(assembly, text, source.Name(), model.programWords));
+                    project::FromAssembly(assembled.assembly, text, source.Name(),
+                                          workbench.Model().programWords));
     }
-    run.listing = std::move(assembly.listing);
-    return run;
+    return std::move(run);
 }
 
 void ReportAssembly(Dialogs& dialogs, const AssemblyRun& run) {
@@ -80,25 +118,37 @@ void ReportAssembly(Dialogs& dialogs, const AssemblyRun& run) {
 
 CompilationRun CompileSource(const Workbench& workbench, Dialogs& dialogs, const SourceFile& source,
                              std::string_view text, const common::ProgressCallback& progress) {
-    const auto compilation =
-        basic::Compile(text, workbench.Model(), workbench.Processor().description,
-                       workbench.Settings().ClockFrequency(), progress);
-    if (!compilation) {
-        dialogs.Inform(common::TextWithLine(compilation.error));
-        return {.error = compilation.error};
+    const Compiled compiled = CompileOrInform(workbench, dialogs, text, progress);
+    if (!compiled) {
+        return {.error = compiled.error};
     }
     const std::string path = source.PathWithExtension(".asm");
-    const bool isWritten = WriteFileOrInform(dialogs, path, compilation->assembler);
+    const bool isWritten = WriteFileOrInform(dialogs, path, compiled->assembler);
     if (isWritten) {
-        const std::string success =
-            "The compilation process was successful.\r\nOutput saved as " + path;
-        if (compilation->warnings.empty()) {
-            dialogs.Inform(success);
-        } else {
-            dialogs.InformWithDetails(success, WarningLines(compilation->warnings));
-        }
+        TellOfSuccess(dialogs, path, compiled->warnings);
     }
-    return {.error = {}, .warningCount = compilation->warnings.size(), .isWritten = isWritten};
+    return {.error = {}, .warningCount = compiled->warnings.size(), .isWritten = isWritten};
+}
+
+CompilationRun BuildSource(const Workbench& workbench, Dialogs& dialogs, const SourceFile& source,
+                           std::string_view text, const common::ProgressCallback& progress) {
+    const Compiled compiled = CompileOrInform(workbench, dialogs, text, progress);
+    if (!compiled) {
+        return {.error = compiled.error};
+    }
+    const std::string path = source.PathWithExtension(".asm");
+    CompilationRun run = {.error = {}, .warningCount = compiled->warnings.size()};
+    if (!WriteFileOrInform(dialogs, path, compiled->assembler)) {
+        return run;
+    }
+    const AssemblyRun assembly =
+        AssembleAndWrite(workbench, dialogs, source, compiled->assembler, progress).run;
+    ReportAssembly(dialogs, assembly);
+    run.isWritten = assembly.isWritten;
+    if (run.isWritten && !compiled->warnings.empty()) {
+        TellOfSuccess(dialogs, path, compiled->warnings);
+    }
+    return run;
 }
 
 std::string Summary(const AssemblyRun& run) {

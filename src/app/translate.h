@@ -33,7 +33,7 @@ struct AssemblyRun {
 struct CompilationRun {
     std::optional<common::Diagnostic> error;
     std::size_t warningCount = 0;
-    bool isWritten = false;
+    bool isWritten = false;  // all its files
 };
 
 // Assembles the saved text for the selected model, with the assembler that is set, and writes the
@@ -52,6 +52,11 @@ void ReportAssembly(Dialogs& dialogs, const AssemblyRun& run);
 // older output file as it was.
 CompilationRun CompileSource(const Workbench& workbench, Dialogs& dialogs, const SourceFile& source,
                              std::string_view text, const common::ProgressCallback& progress = {});
+
+// The same as far as the HEX file: what was compiled is assembled, with the listing and the HEX
+// file beside the source. A success without warnings is not told.
+CompilationRun BuildSource(const Workbench& workbench, Dialogs& dialogs, const SourceFile& source,
+                           std::string_view text, const common::ProgressCallback& progress = {});
 
 // What a translation came to, in a line: "2 errors, 0 warnings. The assembly was not successful."
 std::string Summary(const AssemblyRun& run);

@@ -114,29 +114,29 @@ CommandStates Workbench::Commands() const {
             .savePositions = settings_.SavePositions()};
 }
 
-bool Workbench::RefuseWhileRunning() {
+bool Workbench::RefuseWhileRunning(Dialogs& dialogs) {
     if (!simulation_.SimulationRunning()) {
         return false;
     }
-    dialogs_->Inform("Please stop the simulation first.");
+    dialogs.Inform("Please stop the simulation first.");
     return true;
 }
 
-bool Workbench::RefuseWhileOpen(Window window) {
+bool Workbench::RefuseWhileOpen(Dialogs& dialogs, Window window) {
     if (!windows_.IsOpen(window)) {
         return false;
     }
-    dialogs_->Inform("Please close " + std::string(NameInRefusals(window)) + " window first.");
+    dialogs.Inform("Please close " + std::string(NameInRefusals(window)) + " window first.");
     return true;
 }
 
-bool Workbench::RefuseLoading() {
-    return RefuseWhileRunning() || RefuseWhileOpen(Window::Disassembler) ||
-           RefuseWhileOpen(Window::BreakpointsManager);
+bool Workbench::RefuseLoading(Dialogs& dialogs) {
+    return RefuseWhileRunning(dialogs) || RefuseWhileOpen(dialogs, Window::Disassembler) ||
+           RefuseWhileOpen(dialogs, Window::BreakpointsManager);
 }
 
 void Workbench::LoadProgram() {
-    if (RefuseLoading()) {
+    if (RefuseLoading(*dialogs_)) {
         return;
     }
     const std::optional<std::string> path =
@@ -149,23 +149,39 @@ void Workbench::LoadProgram() {
 }
 
 void Workbench::LoadProgramFile(const std::string& path) {
-    if (RefuseLoading()) {
+    if (RefuseLoading(*dialogs_)) {
         return;
     }
     settings_.SetLastPathOf(path);
     SetMenusEnabled(false);
-    if (const std::optional<std::string> text = ReadFileOrInform(*dialogs_, path)) {
-        const common::Result<loader::Program, loader::HexError> program =
-            loader::ReadIntelHex(*text, Model().programWords);
-        if (program) {
-            ReplaceProgram(path, program->words, program->loadedWords);
-            dialogs_->Inform(loader::LoadedMessage(loadedWords_));
-        } else {
-            ReplaceProgram("", {}, 0);
-            dialogs_->Inform(loader::HexErrorMessage(program.error));
-        }
+    if (ReadProgram(*dialogs_, path)) {
+        dialogs_->Inform(loader::LoadedMessage(loadedWords_));
     }
     SetMenusEnabled(true);
+}
+
+bool Workbench::LoadAndStart(Dialogs& dialogs, const std::string& path) {
+    if (RefuseLoading(dialogs) || !ReadProgram(dialogs, path)) {
+        return false;
+    }
+    simulation_.Start();
+    return true;
+}
+
+bool Workbench::ReadProgram(Dialogs& dialogs, const std::string& path) {
+    const std::optional<std::string> text = ReadFileOrInform(dialogs, path);
+    if (!text) {
+        return false;
+    }
+    const common::Result<loader::Program, loader::HexError> program =
+        loader::ReadIntelHex(*text, Model().programWords);
+    if (!program) {
+        ReplaceProgram("", {}, 0);
+        dialogs.Inform(loader::HexErrorMessage(program.error));
+        return false;
+    }
+    ReplaceProgram(path, program->words, program->loadedWords);
+    return true;
 }
 
 void Workbench::ReplaceProgram(const std::string& path, std::span<const std::uint16_t> words,

@@ -75,6 +75,11 @@ class Workbench {
     // File.
     void LoadProgram();                             // menuload
     void LoadProgramFile(const std::string& path);  // the same for a file that was dropped
+    // What is translated to be loaded is refused for the same reasons, with the dialogs of its
+    // window.
+    bool RefuseLoading(Dialogs& dialogs);
+    // Loads and starts it. A success is not told. False: it is not loaded.
+    bool LoadAndStart(Dialogs& dialogs, const std::string& path);
 
     // Tools.
     void OpenWindow(Window window);  // refuses Disassembler and Breakpoints Manager without program
@@ -116,10 +121,12 @@ class Workbench {
 
   private:
     bool ApplySelectedModel();
-    bool RefuseWhileRunning();
+    bool RefuseWhileRunning(Dialogs& dialogs);
+    bool RefuseWhileRunning() { return RefuseWhileRunning(*dialogs_); }
     bool RefuseChange(Dialogs& dialogs, const ValuePlace& place) const;
-    bool RefuseWhileOpen(Window window);
-    bool RefuseLoading();
+    bool RefuseWhileOpen(Window window) { return RefuseWhileOpen(*dialogs_, window); }
+    bool RefuseWhileOpen(Dialogs& dialogs, Window window);
+    bool ReadProgram(Dialogs& dialogs, const std::string& path);
     void ReplaceProgram(const std::string& path, std::span<const std::uint16_t> words,
                         int loadedWords);
     std::optional<int> AskClockCycles(const std::string& prompt, int current);

@@ -210,6 +210,26 @@ class Desktop(Screen):
             if line:
                 xdotool("type", "--delay", "10", line)
 
+    def point_at(self, word, told):
+        """Rests the pointer on the first letter of a word in a text until this is told of it."""
+        def is_told():
+            text = self.find(lambda node: node.get_role() in EDITABLE_ROLES and
+                             word in Atspi.Text.get_text(node, 0, -1))
+            before = Atspi.Text.get_text(text, 0, -1).partition(word)[0]
+            letter = Atspi.Text.get_character_extents(text, len(before), Atspi.CoordType.SCREEN)
+            # The toolkit tells of each line of a plain text that it is the first.
+            middle = letter.y + letter.height * before.count("\n") + 3 * letter.height // 4
+            xdotool("mousemove", str(letter.x + 1), str(middle))
+            xdotool("mousemove", str(letter.x + letter.width // 2), str(middle))
+            end = time.monotonic() + 5
+            while time.monotonic() < end:
+                if self.find(lambda node: node.get_role() == Atspi.Role.TOOL_TIP and
+                             node.get_name() == told):
+                    return True
+                time.sleep(0.1)
+            return False
+        wait_for(f"{told} at {word}", is_told, self.report)
+
     def answer(self, message, key="Return"):
         """Reads a message box and closes it."""
         self.wait_for_text(message)

@@ -76,6 +76,10 @@ void AssemblerWindow::MakeToolsMenu() {
     QMenu& tools = AddMenu("menu2", tr("&Tools"));
     AddCommand(tools, {"menuassemble", tr("&Assemble"), QKeySequence(Qt::Key_F7)}, *this,
                [this] { Assemble(); });
+    AddCommand(
+        tools,
+        {"menuassembleandload", tr("Assemble and &Load"), QKeySequence(Qt::CTRL | Qt::Key_F7)},
+        *this, [this] { AssembleAndLoad(); });
     tools.addSeparator();
     nextError_ = AddCommand(tools, {"menunexterror", tr("&Next Error"), QKeySequence(Qt::Key_F4)},
                             *this, [this] { output_->FollowNext(); });
@@ -144,15 +148,15 @@ void AssemblerWindow::ShowProgress(std::string_view status, int line) {
     progressFrame_->ShowProgress(status, line);
 }
 
-void AssemblerWindow::Assemble() {
+std::optional<app::AssemblyRun> AssemblerWindow::Assemble() {
     if (!(withGpasm_->isChecked() ? IsReadyToTranslate({".lst", ".hex", ".cod"})
                                   : IsReadyToTranslate({".lst", ".hex"}))) {
-        return;
+        return std::nullopt;
     }
     TextReplaced();
     const std::optional<std::string> text = Save();
     if (!text) {
-        return;
+        return std::nullopt;
     }
     app::AssemblyRun run;
     RunTranslation([&](const common::ProgressCallback& progress) {
@@ -160,10 +164,21 @@ void AssemblerWindow::Assemble() {
                                   [&] { return LetEventsIn(progress); });
     });
     if (IsClosing()) {
-        return;
+        return std::nullopt;
     }
     ShowOutput(run);
     app::ReportAssembly(Dialogs(), run);
+    return run;
+}
+
+void AssemblerWindow::AssembleAndLoad() {
+    if (!MayLoad()) {
+        return;
+    }
+    const std::optional<app::AssemblyRun> run = Assemble();
+    if (run && run->isWritten) {
+        LoadAndStart(app::Summary(*run));
+    }
 }
 
 void AssemblerWindow::ShowOutput(const app::AssemblyRun& run) {

@@ -29,7 +29,9 @@ class AssemblerWindow final : public SourceWindow {
     void MakeMenus();
     void MakeToolsMenu();
     void MakeOptionsMenu();
-    void Assemble();
+    // What it came to; nothing when nothing was assembled.
+    std::optional<app::AssemblyRun> Assemble();
+    void AssembleAndLoad();
     void ShowOutput(const app::AssemblyRun& run);
     OutputLink LinkTo(const common::Diagnostic& message, int outputLine) const;
     void FollowLink(const OutputLink& link);

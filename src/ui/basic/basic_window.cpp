@@ -4,7 +4,6 @@
 #include <QMenu>
 #include <QVBoxLayout>
 
-#include "app/translate.h"
 #include "basic/editor_form.h"
 #include "ui/window/command.h"
 
@@ -31,7 +30,10 @@ BasicWindow::BasicWindow(app::Workbench& workbench, const DialogsFactory& makeDi
     Layout().insertWidget(0, &EditorPane(), 1);
     QMenu& tools = AddMenu("menu2", tr("&Tools"));
     AddCommand(tools, {"menucompile", tr("&Compile"), QKeySequence(Qt::Key_F7)}, *this,
-               [this] { Compile(); });
+               [this] { Translate({".asm"}, app::CompileSource); });
+    AddCommand(tools,
+               {"menucompileandload", tr("Compile and &Load"), QKeySequence(Qt::CTRL | Qt::Key_F7)},
+               *this, [this] { CompileAndLoad(); });
     AddDebugCommands(tools);
     resize(kInitialSize);
 }
@@ -42,22 +44,35 @@ void BasicWindow::Opened() {
                              Workbench().Processor().description.basicSymbolLines);
 }
 
-void BasicWindow::Compile() {
-    if (!IsReadyToTranslate({".asm"})) {
-        return;
+std::optional<app::CompilationRun> BasicWindow::Translate(
+    std::initializer_list<std::string_view> outputExtensions, Translation translation) {
+    if (!IsReadyToTranslate(outputExtensions)) {
+        return std::nullopt;
     }
     const std::optional<std::string> text = Save();
     if (!text) {
-        return;
+        return std::nullopt;
     }
     TextReplaced();
     app::CompilationRun run;
     RunTranslation([&](const common::ProgressCallback& progress) {
-        run = app::CompileSource(Workbench(), Dialogs(), File(), *text, progress);
+        run = translation(Workbench(), Dialogs(), File(), *text, progress);
     });
     ShowResult(app::Summary(run));
     if (run.error) {
         Editor().GoToLine(run.error->line);
+    }
+    return run;
+}
+
+void BasicWindow::CompileAndLoad() {
+    if (!MayLoad()) {
+        return;
+    }
+    const std::optional<app::CompilationRun> run =
+        Translate({".asm", ".lst", ".hex"}, app::BuildSource);
+    if (run && run->isWritten && !IsClosing()) {
+        LoadAndStart(app::Summary(*run));
     }
 }
 

@@ -5,6 +5,8 @@
 #include <chrono>
 #include <utility>
 
+#include "app/source_value.h"
+
 namespace corvane::ui {
 
 namespace {
@@ -147,12 +149,26 @@ void DebuggedSource::FollowStops() {
     breakpoints_ = std::move(breakpoints);
 }
 
+QString DebuggedSource::ValueAt(const QTextCursor& place) const {
+    if (!names_) {
+        return {};
+    }
+    const QString line = place.block().text();
+    const std::string before = line.left(place.positionInBlock()).toStdString();
+    const std::string name = app::NameAt(line.toStdString(), before.size(), kind_);
+    return QString::fromStdString(app::ValueText(name, *names_, workbench_->Processor()));
+}
+
 void DebuggedSource::FindProgram() {
     rest_.stop();
     common::Result<project::Program> found =
         app::EditedProgram(*workbench_, file_, kind_, textToTranslate_());
     whyNotLoaded_ = QString::fromStdString(found.error);
     program_ = std::move(found.value);
+    names_.reset();
+    if (program_) {
+        names_.emplace(workbench_->Model(), workbench_->Processor().description, *program_);
+    }
     workbench_->ChangeStops(
         [this](app::StopList& stops) { stops.Resolve(file_, program_ ? &*program_ : nullptr); });
     Draw();

@@ -13,6 +13,7 @@
 
 #include "app/edited_program.h"
 #include "app/workbench.h"
+#include "inspect/names.h"
 #include "project/program_kind.h"
 #include "ui/editor/numbered_editor.h"
 
@@ -34,6 +35,9 @@ class DebuggedSource final : public QObject {
 
     void ToggleBreakpoint(int line);
     bool HasBreakpoint(int line) const;
+
+    // What is known of the name there: "count = 5 (0x05)"; empty without one.
+    QString ValueAt(const QTextCursor& place) const;
 
     // Finds out at once whether the text is the loaded program's.
     void FindProgram();
@@ -67,6 +71,7 @@ class DebuggedSource final : public QObject {
     int lineCount_ = 1;
     bool isLeaving_ = false;
     std::optional<project::Program> program_;
+    std::optional<inspect::Names> names_;  // of the program
     QString whyNotLoaded_;
     std::int64_t shownAt_ = -1;  // in clock cycles
 };

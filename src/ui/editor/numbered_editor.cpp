@@ -1,10 +1,13 @@
 #include "ui/editor/numbered_editor.h"
 
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QTextBlock>
+#include <QToolTip>
 #include <algorithm>
+#include <cstdlib>
 
 #include "ui/widgets/data_font.h"
 #include "ui/widgets/tinted.h"
@@ -193,6 +196,21 @@ void NumberedEditor::MarkCurrentLine() {
         lines.push_back(marked(QTextCursor(next), kNextLine, 0.3));
     }
     setExtraSelections(lines);
+}
+
+bool NumberedEditor::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip || !toolTipAt_) {
+        return QPlainTextEdit::viewportEvent(event);
+    }
+    const auto& help = dynamic_cast<QHelpEvent&>(*event);
+    // The place is a gap between characters, perhaps the one behind the pointer; beyond the line's
+    // end it is the end.
+    const QTextCursor place = cursorForPosition(help.pos());
+    const int distance = std::abs(cursorRect(place).center().x() - help.pos().x());
+    const bool isOnText = distance <= fontMetrics().horizontalAdvance(QLatin1Char('9'));
+    const QString text = isOnText ? toolTipAt_(place) : QString();
+    QToolTip::showText(help.globalPos(), text, viewport());
+    return true;
 }
 
 void NumberedEditor::resizeEvent(QResizeEvent* event) {

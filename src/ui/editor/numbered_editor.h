@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QPlainTextEdit>
+#include <functional>
+#include <utility>
 #include <vector>
 
 namespace corvane::ui {
@@ -33,10 +35,16 @@ class NumberedEditor : public QPlainTextEdit {
     void ShowMarks(const LineMarks& marks);
     const LineMarks& Marks() const { return marks_; }
 
+    // What the pointer tells of the place in the text that it rests on; empty: nothing.
+    void SetToolTips(std::function<QString(const QTextCursor& place)> toolTipAt) {
+        toolTipAt_ = std::move(toolTipAt);
+    }
+
   signals:
     void MarginClicked(int line);
 
   protected:
+    bool viewportEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 
@@ -55,6 +63,7 @@ class NumberedEditor : public QPlainTextEdit {
     QWidget* lineNumberArea_;
     bool hasMarkMargin_ = false;
     LineMarks marks_;
+    std::function<QString(const QTextCursor& place)> toolTipAt_;
     int nestedResizes_ = 0;
 };
 

@@ -49,6 +49,7 @@ SourceWindow::SourceWindow(app::Window number, app::Workbench& workbench, const 
     layout_->setMenuBar(menuBar_);
     MakeFileMenu();
     menuBar_->addMenu(MakeEditMenu(*editor_, *findBar_, *dialogs_, menuBar_));
+    editor_->SetToolTips([this](const QTextCursor& place) { return debugged_.ValueAt(place); });
     connect(editor_, &SourceEditor::FileDropped, this, &SourceWindow::OpenFile);
     MakeStatusLine();
     ShowCaption();
@@ -94,6 +95,15 @@ void SourceWindow::AddDebugCommands(QMenu& menu) {
                *this, [this] { debugged_.ToggleBreakpoint(editor_->CaretLine()); });
 }
 
+void SourceWindow::LoadAndStart(const std::string& summary) {
+    app::Workbench& workbench = Workbench();
+    if (workbench.LoadAndStart(*dialogs_, file_.PathWithExtension(".hex"))) {
+        const int words = workbench.LoadedWords();
+        ShowResult(summary + " " + std::to_string(words) +
+                   (words == 1 ? " word loaded." : " words loaded."));
+    }
+}
+
 void SourceWindow::MakeStatusLine() {
     layout_->addWidget(statusLine_);
     connect(editor_, &QPlainTextEdit::cursorPositionChanged, this, &SourceWindow::ShowCaret);
@@ -135,6 +145,7 @@ void SourceWindow::ShowCaret() {
     const int line = editor_->CaretLine();
     statusLine_->ShowCaret(line, static_cast<int>(before.toUcs4().size()) + 1,
                            debugged_.HasBreakpoint(line) ? tr("breakpoint") : QString());
+    statusLine_->ShowValue(debugged_.ValueAt(caret));
 }
 
 void SourceWindow::ShowResult(const std::string& text) {

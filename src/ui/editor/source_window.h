@@ -53,6 +53,10 @@ class SourceWindow : public SecondaryWindow, private app::EditedText {
                          const std::function<void()>& command);
     QMenu& AddMenu(const char* name, const QString& caption);
     void AddDebugCommands(QMenu& menu);
+    // False after a message: nothing could be loaded now.
+    bool MayLoad() { return !Workbench().RefuseLoading(*dialogs_); }
+    // Loads the HEX file beside the source and starts it; the summary is of its translation.
+    void LoadAndStart(const std::string& summary);
     QVBoxLayout& Layout() const { return *layout_; }
 
     // "Please save the file first.", "The editor is empty."; false after a message.

@@ -49,6 +49,7 @@ StatusLine::StatusLine(QWidget* parent)
         run();
     });
     layout->addWidget(offer_);
+    value_ = AddLabel("statusvalue", tr("Value at the caret"), QString());
     program_ = AddLabel("statusprogram", tr("Program of the text"), tr("Next: line %1").arg(99));
     state_ = AddLabel("statusstate", tr("State of the text"), tr("modified"));
     encoding_ = AddLabel("statusencoding", tr("Encoding"), "Latin-1");
@@ -90,6 +91,12 @@ void StatusLine::ShowEncoding(const QString& name) {
 void StatusLine::ShowProgram(const QString& text) {
     if (program_->text() != text) {
         program_->setText(text);
+    }
+}
+
+void StatusLine::ShowValue(const QString& text) {
+    if (value_->text() != text) {
+        value_->setText(text);
     }
 }
 

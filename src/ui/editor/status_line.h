@@ -23,6 +23,8 @@ class StatusLine final : public QWidget {
     void ShowEncoding(const QString& name);
     // What the debugger says of the text.
     void ShowProgram(const QString& text);
+    // Of the name at the caret.
+    void ShowValue(const QString& text);
     // Both from 1; what is to be said of the line.
     void ShowCaret(int line, int column, const QString& note = {});
 
@@ -32,6 +34,7 @@ class StatusLine final : public QWidget {
     QLabel* result_;
     QPushButton* offer_;
     std::function<void()> offered_;
+    QLabel* value_;
     QLabel* program_;
     QLabel* state_;
     QLabel* encoding_;
