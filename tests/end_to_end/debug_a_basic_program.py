@@ -36,8 +36,7 @@ def script(executable):
         person.press("shift+F5")
         person.answer("Total number of executed instructions")
         person.activate("BASIC Compiler - square_root_table.bas")
-        person.press("ctrl+Home", "Return")
-        person.press("ctrl+F7")
+        person.press("ctrl+Home", "Return", "ctrl+5", "ctrl+F7")
         person.wait_for_value("Program of the text", f"Breakpoint: line {number + 1}")
         person.wait_for_value("Caret", f"Line {number + 1}, Column 1, breakpoint")
 
