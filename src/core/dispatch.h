@@ -29,7 +29,9 @@ struct DecodedWord {
     ExecuteFunction execute;
     std::uint16_t word;
     std::uint16_t operand;  // the register's cell, a literal, or an address
-    std::uint8_t bitMask;   // of bit instructions
+    // Of a bit instruction the bit, of a GOTO that closes a loop 1 + the place in Dispatch::loops,
+    // or 0.
+    std::uint16_t bitOrLoop;
     // Of a GOTO that closes a loop: how often it comes by before it asks for a look.
     std::uint16_t patience;
 };
@@ -41,12 +43,6 @@ constexpr std::ptrdiff_t kDecodedWordsOfBank = kProgramCounterRange + 2;
 // Why a run ends when pc arrives at an address.
 constexpr std::uint8_t kBreakpointMark = 1;
 constexpr std::uint8_t kBeyondMemoryMark = 2;
-
-constexpr std::size_t kMaxPeripherals = 32;
-using PeripheralMask = std::uint32_t;  // a bit for each place in the list
-constexpr PeripheralMask MaskOf(std::size_t peripheral) {
-    return PeripheralMask{1} << peripheral;
-}
 
 // Where a peripheral stands in time: clockCycles for those that count instruction cycles, else
 // steps as Dispatch counts them.
@@ -62,8 +58,8 @@ struct Dispatch {
     std::array<std::uint16_t, models::kDataMemorySize> resolvedCells{};  // by data-memory address
     CellTable cells;
 
-    Loops loops;
-    DecodedWord* closedLoop = nullptr;  // a GOTO that ended the slice to ask for a look
+    std::vector<Loop> loops;
+    DecodedWord* loopToWatch = nullptr;  // by the GOTO that closes it and ended the slice
 
     // The peripherals, by their place in the list.
     std::array<Standing, kMaxPeripherals> standings{};
@@ -75,7 +71,10 @@ struct Dispatch {
     std::int64_t clockDue = kNever;  // the earliest due time in clockCycles
     std::int64_t stepDue = kNever;   // and in steps
 
-    std::int64_t steps = 0;  // any number that counts on with each step
+    std::int64_t steps = 0;          // any number that counts on with each step
+    std::int64_t lastStep = kNever;  // where the present run ends, as steps counts
+    // Counts the times at which a peripheral's due time was worked out anew.
+    std::uint64_t reschedules = 0;
     bool interruptPending = false;
 
     // Where the present slice began, in clockCycles, and its cycles that were no instruction's
@@ -89,6 +88,9 @@ struct Dispatch {
 };
 
 // The present step is the last of its slice.
+inline bool IsLastStep(const Dispatch& dispatch) {
+    return dispatch.sliceEnd == 0;
+}
 inline void EndSlice(Dispatch& dispatch) {
     dispatch.sliceEnd = 0;
 }

@@ -1,5 +1,8 @@
 #include "core/execution.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "core/cpu/interrupts.h"
 #include "core/cpu/loops.h"
 #include "core/cpu/slice.h"
@@ -33,18 +36,20 @@ RunResult FinishRun(Processor& processor, std::int64_t steps, int marks) {
 }  // namespace
 
 RunResult Run(Processor& processor, std::int64_t maxSteps) {
+    Dispatch& dispatch = processor.dispatch;
     std::int64_t steps = 0;
     int marks = 0;
-    processor.dispatch.closedLoop = nullptr;
+    dispatch.loopToWatch = nullptr;
+    dispatch.lastStep = std::min(maxSteps, kNever - dispatch.steps) + dispatch.steps;
     do {
         std::int64_t done = 1;
-        if (processor.dispatch.interruptPending) {
+        DecodedWord* const loopToWatch = std::exchange(dispatch.loopToWatch, nullptr);
+        if (dispatch.interruptPending) {
             EnterInterrupt(processor);
-            processor.dispatch.closedLoop = nullptr;
-        } else if (processor.dispatch.closedLoop != nullptr) {
-            done = FollowLoop(processor, maxSteps - steps);
+        } else if (loopToWatch != nullptr && dispatch.attention == 0) {
+            done = WatchLoop(processor, loopToWatch);
         } else {
-            done = ExecuteSlice(processor, maxSteps - steps);
+            done = ExecuteSlice(processor);
         }
         steps += done;
         marks = FinishSlice(processor, done);

@@ -76,6 +76,10 @@ struct Peripheral {
     // that time at the latest.
     std::int64_t (*nextDue)(const Processor& processor) = nullptr;
 
+    // How long its cells that follow time stay as they are if it is left alone, 1 or more, or
+    // kNever. No loop that reads such a cell is done in one go without it.
+    std::int64_t (*nextChange)(const Processor& processor) = nullptr;
+
     // Time has passed since it was last advanced: 0 or more instruction cycles, or 1 or more steps
     // of which all but the last were uneventful.
     void (*advance)(Processor& processor, std::int64_t elapsed) = nullptr;
@@ -88,5 +92,12 @@ struct Peripheral {
 
     NewsMask follows = 0;
 };
+
+// Places in a chip's list of peripherals.
+constexpr std::size_t kMaxPeripherals = 32;
+using PeripheralMask = std::uint32_t;  // a bit for each place in the list
+constexpr PeripheralMask MaskOf(std::size_t peripheral) {
+    return PeripheralMask{1} << peripheral;
+}
 
 }  // namespace corvane::core

@@ -9,45 +9,48 @@ namespace corvane::core {
 
 namespace {
 
-bool CountsCycles(const Dispatch& dispatch, std::size_t index) {
-    return (dispatch.clocked & MaskOf(index)) != 0;
-}
-
-// Comparable with what is in a Standing.
-std::int64_t NowFor(const Processor& processor, std::size_t index) {
-    const Dispatch& dispatch = processor.dispatch;
-    return CountsCycles(dispatch, index) ? processor.state.clockCycles : dispatch.steps;
-}
-
 std::size_t FirstOf(PeripheralMask mask) {
     return static_cast<std::size_t>(std::countr_zero(mask));
 }
 
+// A peripheral's present time, comparable with what is in its Standing, and what one of its units
+// is there, as a power of 2.
+struct Time {
+    std::int64_t now;
+    int unit;
+};
+
+Time TimeFor(const Processor& processor, std::size_t index) {
+    constexpr int kCycle = std::countr_zero(static_cast<unsigned>(kClocksPerCycle));
+    const Dispatch& dispatch = processor.dispatch;
+    return (dispatch.clocked & MaskOf(index)) != 0 ? Time{processor.state.clockCycles, kCycle}
+                                                   : Time{dispatch.steps, 0};
+}
+
 // Without asking when it is due next: that does not change by waiting.
-void AdvanceTo(Processor& processor, std::size_t index, std::int64_t now) {
+void AdvanceTo(Processor& processor, std::size_t index, Time time) {
     const Peripheral& peripheral = *processor.peripherals[index];
     Standing& standing = processor.dispatch.standings[index];
-    const std::int64_t passed = now - standing.advancedUntil;
-    standing.advancedUntil = now;
+    const std::int64_t passed = time.now - standing.advancedUntil;
+    standing.advancedUntil = time.now;
     if (peripheral.advance != nullptr) {
-        const bool countsCycles = CountsCycles(processor.dispatch, index);
-        peripheral.advance(processor, countsCycles ? CyclesOf(passed) : passed);
+        peripheral.advance(processor, passed >> time.unit);
     }
 }
 
-void SetDue(Processor& processor, std::size_t index, std::int64_t now) {
+void SetDue(Processor& processor, std::size_t index, Time time) {
     const Peripheral& peripheral = *processor.peripherals[index];
     if (peripheral.nextDue == nullptr) {
         return;
     }
     Dispatch& dispatch = processor.dispatch;
+    ++dispatch.reschedules;
     const std::int64_t next = peripheral.nextDue(processor);
     if (next == kNever) {
         dispatch.standings[index].due = kNever;
         dispatch.counting &= ~MaskOf(index);
     } else {
-        dispatch.standings[index].due =
-            now + (CountsCycles(dispatch, index) ? next * kClocksPerCycle : next);
+        dispatch.standings[index].due = time.now + (next << time.unit);
         dispatch.counting |= MaskOf(index);
     }
 }
@@ -71,7 +74,7 @@ PeripheralMask DuePeripherals(const Processor& processor) {
     PeripheralMask due = 0;
     for (PeripheralMask rest = processor.dispatch.counting; rest != 0; rest &= rest - 1) {
         const std::size_t index = FirstOf(rest);
-        const bool isDue = processor.dispatch.standings[index].due <= NowFor(processor, index);
+        const bool isDue = processor.dispatch.standings[index].due <= TimeFor(processor, index).now;
         due |= isDue ? MaskOf(index) : 0;
     }
     return due;
@@ -87,9 +90,9 @@ void AdvancePeripherals(Processor& processor) {
     for (PeripheralMask rest = dispatch.attention; rest != 0;) {
         const std::size_t index = FirstOf(rest);
         dispatch.attention &= ~MaskOf(index);
-        const std::int64_t now = NowFor(processor, index);
-        AdvanceTo(processor, index, now);
-        SetDue(processor, index, now);
+        const Time time = TimeFor(processor, index);
+        AdvanceTo(processor, index, time);
+        SetDue(processor, index, time);
         rest = dispatch.attention & ~(MaskOf(index) | (MaskOf(index) - 1));
     }
     FindEarliest(processor);
@@ -100,13 +103,50 @@ void CatchUpWithClock(Processor& processor, std::size_t owner) {
     if (processor.state.clockCycles >= dispatch.clockDue) {
         for (PeripheralMask rest = DuePeripherals(processor) & dispatch.clocked; rest != 0;
              rest &= rest - 1) {
-            AdvanceTo(processor, FirstOf(rest), processor.state.clockCycles);
-            SetDue(processor, FirstOf(rest), processor.state.clockCycles);
+            const Time time = TimeFor(processor, FirstOf(rest));
+            AdvanceTo(processor, FirstOf(rest), time);
+            SetDue(processor, FirstOf(rest), time);
         }
         FindEarliest(processor);
         EndSlice(dispatch);  // it may have set an interrupt flag
     }
-    AdvanceTo(processor, owner, processor.state.clockCycles);
+    if (processor.peripherals[owner]->advance != nullptr) {
+        AdvanceTo(processor, owner, TimeFor(processor, owner));
+    }
+}
+
+void CatchUpClocks(Processor& processor) {
+    const Dispatch& dispatch = processor.dispatch;
+    for (PeripheralMask rest = dispatch.counting & dispatch.clocked; rest != 0; rest &= rest - 1) {
+        AdvanceTo(processor, FirstOf(rest), TimeFor(processor, FirstOf(rest)));
+    }
+}
+
+void NoteRead(const Processor& processor, std::size_t cell, TimedReads& reads) {
+    const CellTable::Entry& entry = processor.dispatch.cells.EntryOf(cell);
+    if (!entry.access.followsTime) {
+        return;
+    }
+    const Peripheral& owner = *processor.peripherals[entry.owner];
+    if (owner.advance != nullptr) {  // else the cell changes only when something is due
+        reads.owners |= MaskOf(entry.owner);
+        reads.areBounded = reads.areBounded && owner.nextChange != nullptr;
+    }
+}
+
+Room RoomToRepeat(Processor& processor, PeripheralMask readOwners, std::int64_t stepsMade) {
+    const Dispatch& dispatch = processor.dispatch;
+    const std::int64_t now = processor.state.clockCycles;
+    const std::int64_t lastStep = std::min(dispatch.lastStep, dispatch.stepDue - 1);
+    Room room = {dispatch.clockDue - 1 - now, lastStep - dispatch.steps - stepsMade};
+    for (PeripheralMask rest = readOwners; rest != 0 && room.clockCycles > 0; rest &= rest - 1) {
+        AdvanceTo(processor, FirstOf(rest), TimeFor(processor, FirstOf(rest)));
+        const std::int64_t next = processor.peripherals[FirstOf(rest)]->nextChange(processor);
+        if (next != kNever) {
+            room.clockCycles = std::min(room.clockCycles, next * kClocksPerCycle - 1);
+        }
+    }
+    return room;
 }
 
 void ActAtOnce(Processor& processor, std::size_t owner) {
@@ -115,8 +155,8 @@ void ActAtOnce(Processor& processor, std::size_t owner) {
         return AskForLook(dispatch, owner);
     }
     const std::int64_t now = dispatch.steps + StepsOfSlice(processor);
-    AdvanceTo(processor, owner, now);
-    SetDue(processor, owner, now);
+    AdvanceTo(processor, owner, {now, 0});
+    SetDue(processor, owner, {now, 0});
     FindEarliest(processor);
     if (InterruptPending(processor)) {
         EndSlice(dispatch);
@@ -130,15 +170,15 @@ void CatchUpCounting(Processor& processor) {
     const Dispatch& dispatch = processor.dispatch;
     for (PeripheralMask rest = dispatch.counting; rest != 0; rest &= rest - 1) {
         const std::size_t index = FirstOf(rest);
-        const std::int64_t now = NowFor(processor, index);
-        if (dispatch.standings[index].advancedUntil != now) {
-            AdvanceTo(processor, index, now);
+        const Time time = TimeFor(processor, index);
+        if (dispatch.standings[index].advancedUntil != time.now) {
+            AdvanceTo(processor, index, time);
         }
     }
 }
 
 void Reschedule(Processor& processor, std::size_t peripheral) {
-    SetDue(processor, peripheral, NowFor(processor, peripheral));
+    SetDue(processor, peripheral, TimeFor(processor, peripheral));
     FindEarliest(processor);
 }
 
@@ -147,10 +187,10 @@ void RescheduleAll(Processor& processor) {
     dispatch.attention = 0;
     for (std::size_t index = 0; index < processor.peripherals.size(); ++index) {
         const Peripheral& peripheral = *processor.peripherals[index];
-        const std::int64_t now = NowFor(processor, index);
-        dispatch.standings[index].advancedUntil = now;
+        const Time time = TimeFor(processor, index);
+        dispatch.standings[index].advancedUntil = time.now;
         dispatch.attention |= peripheral.advance != nullptr ? MaskOf(index) : 0;
-        SetDue(processor, index, now);
+        SetDue(processor, index, time);
     }
     FindEarliest(processor);
 }

@@ -47,11 +47,34 @@ inline std::int64_t StepsOfSlice(const Processor& processor) {
     return CyclesOf(processor.state.clockCycles - dispatch.sliceStart) - dispatch.extraCycles;
 }
 
+// What a passage of a loop reads of what changes with time.
+struct TimedReads {
+    PeripheralMask owners = 0;  // of the cells
+    bool areBounded = true;     // all of them can say how long the cells stay as they are
+};
+
+// Notes that a passage reads a cell.
+void NoteRead(const Processor& processor, std::size_t cell, TimedReads& reads);
+
+// How far a loop can be repeated without anything becoming due in it, the run's last step included,
+// and without a change of what it reads; less than 0 when that is past.
+struct Room {
+    std::int64_t clockCycles;
+    std::int64_t steps;
+};
+
+// Since the steps that dispatch counts so many have been made. The cells are brought up to date.
+Room RoomToRepeat(Processor& processor, PeripheralMask readOwners, std::int64_t stepsMade);
+
 // At the end of a step: advances the peripherals that need it.
 void AdvancePeripherals(Processor& processor);
 
-// Within an instruction: brings what counts instruction cycles up to date.
+// Within an instruction: brings what counts instruction cycles up to date, as far as something is
+// due, and the owner.
 void CatchUpWithClock(Processor& processor, std::size_t owner);
+
+// Between two steps: brings what counts instruction cycles up to date, where nothing is due.
+void CatchUpClocks(Processor& processor);
 
 // Within an instruction: asks for the owner's advance at the end of the step.
 inline void AskForLook(Dispatch& dispatch, std::size_t owner) {

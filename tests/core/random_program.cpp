@@ -374,7 +374,8 @@ class Generator {
 
     // Timer0 with a prescaler or without, a conversion, and interrupts in every other program.
     void PrepareLoops() {
-        WriteLiteral(kOptionReg, random_.Below(16) | (random_.Chance(15) ? 0x20 : 0));
+        WriteLiteral(kOptionReg, (random_.Chance(40) ? 4 + random_.Below(4) : random_.Below(16)) |
+                                     (random_.Chance(15) ? 0x20 : 0));
         if (Is87x()) {
             WriteLiteral(kAdcon1, random_.Byte());
             WriteLiteral(kAdcon0, 0x41);
@@ -544,9 +545,7 @@ class Generator {
         } else if (kind == 5) {
             EmitBit(Operation::Btfsc, eeprom_.eecon1, 1);
         } else if (kind == 2) {
-            Emit(Operation::Movf, kTmr0);
-            Emit(Operation::Xorlw, random_.Byte());
-            EmitBit(Operation::Btfss, kStatus, 2);
+            AskTimer();
         } else if (kind == 3) {
             EmitBit(Operation::Btfsc, Is87x() ? kAdcon0 : kGpr + 7, 2);
         } else {
@@ -555,6 +554,28 @@ class Generator {
         }
         Emit(Operation::Goto, start);
         SelectBankOf(0);
+    }
+
+    // Whether TMR0 has a value, has passed it, or has a bit; also through INDF.
+    void AskTimer() {
+        const int f = random_.Chance(20) ? 0 : kTmr0;
+        if (f == 0) {
+            Movlw(kTmr0);
+            Emit(Operation::Movwf, kFsr);
+        }
+        switch (random_.Below(4)) {
+            case 0:
+                return EmitBit(random_.Chance(50) ? Operation::Btfss : Operation::Btfsc, f,
+                               random_.Below(8));
+            case 1:
+                Movlw(random_.Byte());
+                Emit(Operation::Subwf, f);
+                return EmitBit(Operation::Btfss, kStatus, 0);
+            default:
+                Emit(Operation::Movf, f);
+                Emit(Operation::Xorlw, random_.Byte());
+                return EmitBit(Operation::Btfss, kStatus, 2);
+        }
     }
 
     void Handler() {

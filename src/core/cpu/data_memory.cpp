@@ -25,7 +25,7 @@ void WriteClaimed(Processor& processor, std::size_t cell, int value) {
     } else {
         StoreMasked(processor, cell, value);
     }
-    if (entry.access.followsTime) {
+    if (entry.access.followsTime && processor.peripherals[entry.owner]->nextDue != nullptr) {
         Reschedule(processor, entry.owner);
     }
     if (entry.access.asksForLook) {

@@ -42,11 +42,11 @@ void StopAtMark(Processor& processor, DecodedWord* at, std::int64_t left, int w,
 }  // namespace
 
 void ForgetDecodedProgram(Processor& processor) {
+    ForgetLoops(processor);
     auto& code = processor.dispatch.code;
     code.assign(
         static_cast<std::size_t>(kBankCount * kDecodedWordsOfBank),
-        {.execute = DecodeAndExecute, .word = 0, .operand = 0, .bitMask = 0, .patience = 0});
-    processor.dispatch.loops.clear();
+        {.execute = DecodeAndExecute, .word = 0, .operand = 0, .bitOrLoop = 0, .patience = 0});
     for (std::ptrdiff_t bank = 0; bank < kBankCount; ++bank) {
         DecodedWord* const end = code.data() + bank * kDecodedWordsOfBank + kProgramCounterRange;
         end[0].execute = WrapToStart;
@@ -57,7 +57,7 @@ void ForgetDecodedProgram(Processor& processor) {
 void SetStopMarks(Processor& processor, int address, int marks) {
     Dispatch& dispatch = processor.dispatch;
     dispatch.stopMarks[static_cast<std::size_t>(address)] = static_cast<std::uint8_t>(marks);
-    dispatch.loops.clear();
+    ForgetLoops(processor);
     for (std::ptrdiff_t bank = 0; bank < kBankCount; ++bank) {
         dispatch.code[static_cast<std::size_t>(bank * kDecodedWordsOfBank + address)].execute =
             DecodeAndExecute;

@@ -4,6 +4,7 @@
 
 #include "core/cpu/core.h"
 #include "core/cpu/flags.h"
+#include "core/cpu/interrupts.h"
 #include "core/cpu/register_instructions.h"
 #include "core/cpu/stack.h"
 #include "isa/instruction_set.h"
@@ -73,9 +74,9 @@ void Goto(Core& core) {
                                          int w, int status, DecodedWord* /*last*/) {
     Core core{processor, at, left, w, status, at + 1};
     Goto(core);
-    at->patience = 1;  // until somebody has looked
-    processor.dispatch.closedLoop = at;
-    EndSlice(core);
+    Save(core);
+    LookAtLoop(processor, at);
+    TakeSliceEnd(core);
     return GoOn(core);
 }
 
@@ -105,7 +106,9 @@ void Retlw(Core& core) {
 void Retfie(Core& core) {
     Return(core);
     SetBits(core.processor.state.dataMemory[kIntcon], intcon::kGie);
-    EndSlice(core);
+    if (InterruptPending(core.processor)) {
+        EndSlice(core);
+    }
 }
 
 void Nop(Core& /*core*/) {}
@@ -200,11 +203,15 @@ std::size_t OperandOf(const Processor& processor, Operation operation, int word,
 DecodedWord Decode(const Processor& processor, int word, int address, int bank) {
     const Operation operation = isa::Classify(word);
     const std::size_t operand = OperandOf(processor, operation, word, bank);
-    return {.execute = FunctionOf(processor, operation, word, address, operand),
-            .word = static_cast<std::uint16_t>(word),
-            .operand = static_cast<std::uint16_t>(operand),
-            .bitMask = static_cast<std::uint8_t>(1 << isa::BitField(word)),
-            .patience = kFirstPatience};
+    const bool isBitInstruction =
+        operation != Operation::Unrecognized &&
+        isa::InstructionOf(operation).form == isa::OperandForm::RegisterBit;
+    return {
+        .execute = FunctionOf(processor, operation, word, address, operand),
+        .word = static_cast<std::uint16_t>(word),
+        .operand = static_cast<std::uint16_t>(operand),
+        .bitOrLoop = static_cast<std::uint16_t>(isBitInstruction ? 1 << isa::BitField(word) : 0),
+        .patience = kFirstPatience};
 }
 
 bool ClosesLoop(const DecodedWord& decoded) {

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "core/cpu/core.h"
 #include "core/cpu/decoded_program.h"
 #include "core/cpu/instructions.h"
 #include "core/cpu/slice.h"
+#include "core/schedule.h"
 #include "isa/instruction_set.h"
 
 namespace corvane::core {
@@ -16,7 +18,7 @@ namespace {
 using isa::Operation;
 
 constexpr int kLongestWatch = 250;             // steps
-constexpr std::int64_t kWorthTheTrouble = 40;  // steps that are done in one go
+constexpr std::int64_t kWorthTheTrouble = 20;  // steps that are done in one go
 constexpr int kMostPatience = 4096;
 constexpr int kMostLooksBetween = 1024;
 constexpr std::size_t kMostPassages = 4;
@@ -35,10 +37,14 @@ std::uint8_t ByteAt(const ProcessorState& state, std::size_t place) {
 
 // ---- repeating ---------------------------------------------------------------------------------
 
-bool IsAsItWas(const ProcessorState& state, const Passage& passage) {
+bool RegistersAreAsTheyWere(const ProcessorState& state, const Passage& passage) {
     return state.w == passage.w && state.dataMemory[kStatus] == passage.status &&
            (!passage.usesStack || (state.stackPointer == passage.stackPointer &&
-                                   state.hardwareStack == passage.hardwareStack)) &&
+                                   state.hardwareStack == passage.hardwareStack));
+}
+
+bool IsAsItWas(const ProcessorState& state, const Passage& passage) {
+    return RegistersAreAsTheyWere(state, passage) &&
            std::ranges::all_of(passage.inputs, [&state](const Passage::Input& input) {
                return ByteAt(state, input.place) == input.value;
            });
@@ -54,41 +60,32 @@ std::int64_t CountsBeforeZero(const ProcessorState& state, const Passage::Counte
                               : (value == 0 ? 0xFF : value - 1) / -counter.change;
 }
 
-// How many passages end before something is due, where the steps since the last slice count as
-// done.
-std::int64_t PassagesBeforeDue(const Processor& processor, const Passage& passage,
-                               std::int64_t stepsDone, std::int64_t maxSteps) {
-    const Dispatch& dispatch = processor.dispatch;
-    const std::int64_t clocks = dispatch.clockDue - 1 - processor.state.clockCycles;
-    const std::int64_t stepsToDue = dispatch.stepDue - 1 - dispatch.steps;
-    const std::int64_t steps = std::min(maxSteps, stepsToDue) - stepsDone;
-    return std::min(clocks / passage.clockCycles, steps / passage.steps);
-}
-
 struct Repeats {
     const Passage* passage = nullptr;
     std::int64_t times = 0;
-    bool areUsedUp = false;  // whatever is due next leaves room for no more
-
-    std::int64_t Steps() const { return passage == nullptr ? 0 : times * passage->steps; }
+    std::int64_t steps = 0;
+    bool areUsedUp = false;  // there is room for no more
 };
 
-// The passage whose repeats lead farthest.
-Repeats FindRepeats(const Processor& processor, const Loop& loop, std::int64_t stepsDone,
-                    std::int64_t maxSteps) {
+Repeats RepeatsOf(const ProcessorState& state, const Passage& passage, const Room& room) {
+    const std::int64_t roomFor =
+        std::min(room.clockCycles / passage.clockCycles, room.steps / passage.steps);
+    std::int64_t times = roomFor;
+    for (const Passage::Counter& counter : passage.counters) {
+        times = std::min(times, CountsBeforeZero(state, counter));
+    }
+    return {&passage, times, times * passage.steps, times == roomFor};
+}
+
+// The passage whose repeats lead farthest, when so many steps have been made since dispatch counted
+// them.
+Repeats FindRepeats(Processor& processor, const Loop& loop, std::int64_t stepsMade) {
+    const Room room = RoomToRepeat(processor, loop.readOwners, stepsMade);
     Repeats best;
     for (const Passage& passage : loop.passages) {
-        if (!IsAsItWas(processor.state, passage)) {
-            continue;
-        }
-        const std::int64_t room = PassagesBeforeDue(processor, passage, stepsDone, maxSteps);
-        std::int64_t times = room;
-        for (const Passage::Counter& counter : passage.counters) {
-            times = std::min(times, CountsBeforeZero(processor.state, counter));
-        }
-        const Repeats found = {&passage, times, times == room};
-        if (best.passage == nullptr || found.Steps() > best.Steps()) {
-            best = found;
+        if (IsAsItWas(processor.state, passage)) {
+            const Repeats found = RepeatsOf(processor.state, passage, room);
+            best = best.passage == nullptr || found.steps > best.steps ? found : best;
         }
     }
     return best;
@@ -99,8 +96,11 @@ void Repeat(ProcessorState& state, const Passage& passage, std::int64_t times) {
         std::uint8_t& cell = state.dataMemory[counter.cell];
         cell = static_cast<std::uint8_t>(cell + times * counter.change);
     }
-    state.instructionCount += times * passage.steps;
     state.clockCycles += times * passage.clockCycles;
+}
+
+Loop& LoopOf(Dispatch& dispatch, const DecodedWord* closing) {
+    return dispatch.loops[closing->bitOrLoop - 1U];
 }
 
 // ---- watching ----------------------------------------------------------------------------------
@@ -108,6 +108,7 @@ void Repeat(ProcessorState& state, const Passage& passage, std::int64_t times) {
 // How a passage uses a byte of the state.
 struct Use {
     std::size_t place;
+    std::uint8_t before;  // its value as the passage began
     int ups = 0;
     int downs = 0;
     bool isTested = false;  // for 0, without being counted
@@ -116,12 +117,17 @@ struct Use {
 
 class Watch {
   public:
-    Watch(Processor& processor, DecodedWord* closing, std::int64_t maxSteps)
+    Watch(Processor& processor, DecodedWord* closing)
         : processor_(processor),
           closing_(closing),
-          maxSteps_(maxSteps),
-          clockDue_(processor.dispatch.clockDue),
-          before_(processor.state) {
+          reschedules_(processor.dispatch.reschedules),
+          start_(processor.state.clockCycles),
+          passage_{.w = processor.state.w,
+                   .status = processor.state.dataMemory[kStatus],
+                   .stackPointer = processor.state.stackPointer,
+                   .hardwareStack = processor.state.hardwareStack} {
+        CatchUpClocks(processor);
+        uses_.reserve(kMostCells);
         UseOf(kPclath).isOther = true;
     }
 
@@ -139,21 +145,24 @@ class Watch {
     bool NoteRegister(const DecodedWord& decoded, Operation operation);
     void NotePort(std::size_t port);
     bool SomethingHappened() const;
-    std::optional<Passage> Passed() const;
+    std::optional<Passage> Passed();
 
     Processor& processor_;
     DecodedWord* closing_;
-    std::int64_t maxSteps_;
-    std::int64_t clockDue_;  // as the watch began: reading what counts moves it
-    ProcessorState before_;
+    std::uint64_t reschedules_;  // as the watch began
+    std::int64_t start_;         // in clock cycles
+    Passage passage_;
     std::vector<Use> uses_;
-    bool usesStack_ = false;
+    TimedReads timedReads_;
     std::int64_t steps_ = 0;
 };
 
 Use& Watch::UseOf(std::size_t place) {
     const auto found = std::ranges::find(uses_, place, &Use::place);
-    return found != uses_.end() ? *found : uses_.emplace_back(Use{.place = place});
+    if (found != uses_.end()) {
+        return *found;
+    }
+    return uses_.emplace_back(Use{.place = place, .before = ByteAt(processor_.state, place)});
 }
 
 // What an access to a port depends on: its levels, which follow from latch, TRIS and inputs.
@@ -180,13 +189,17 @@ bool Watch::NoteRegister(const DecodedWord& decoded, Operation operation) {
     const bool writes = sets || (!tests && isa::DestinationField(decoded.word) != 0);
     const std::uint8_t effects = processor.dispatch.cells.EffectsOf(cell);
     const bool isDigitalPort = (effects & kDigitalPortEffect) != 0;
-    if (cell == kTmr0 || (writes && (effects & kWriteEffect) != 0 && !isDigitalPort)) {
+    if (writes && (effects & kWriteEffect) != 0 && !isDigitalPort) {
         return false;
     }
     if (cell >= kPortA && cell < kPortA + kPortCount) {
         NotePort(cell - kPortA);
         return true;
     }
+    if (processor.dispatch.cells.EntryOf(cell).access.read != nullptr) {
+        return false;
+    }
+    NoteRead(processor, cell, timedReads_);
     Use& use = UseOf(cell);
     const bool isPlain = effects == 0 && processor.description.writeMask[cell] == 0xFF;
     const bool counts = isPlain && writes;
@@ -216,26 +229,27 @@ bool Watch::NoteUses(const DecodedWord& decoded) {
         default:
             break;
     }
-    usesStack_ = usesStack_ || operation == Operation::Call || operation == Operation::Return ||
-                 operation == Operation::Retlw;
+    passage_.usesStack = passage_.usesStack || operation == Operation::Call ||
+                         operation == Operation::Return || operation == Operation::Retlw;
     return operation != Operation::Sleep && operation != Operation::Retfie;
 }
 
 bool Watch::SomethingHappened() const {
     const Dispatch& dispatch = processor_.dispatch;
     const ProcessorState& state = processor_.state;
-    return dispatch.attention != 0 || state.clockCycles >= clockDue_ ||
-           dispatch.steps + steps_ >= dispatch.stepDue ||
+    return dispatch.attention != 0 || dispatch.reschedules != reschedules_ ||
+           state.clockCycles >= dispatch.clockDue || dispatch.steps + steps_ >= dispatch.stepDue ||
            dispatch.stopMarks[static_cast<std::size_t>(state.pc)] != 0;
 }
 
 std::optional<Passage> Watch::Execute() {
     for (int watched = 0; watched < kLongestWatch; ++watched) {
-        if (steps_ >= maxSteps_ || uses_.size() > kMostCells) {
+        if (processor_.dispatch.steps + steps_ >= processor_.dispatch.lastStep ||
+            uses_.size() > kMostCells) {
             return std::nullopt;
         }
         DecodedWord* const at = EntryAtPc(processor_);
-        if (!NoteUses(*at)) {
+        if (!NoteUses(*at) || !timedReads_.areBounded) {
             return std::nullopt;
         }
         const std::uint16_t patience = at->patience;
@@ -248,7 +262,6 @@ std::optional<Passage> Watch::Execute() {
         if (!ClosesLoop(*at)) {
             continue;
         }
-        processor_.dispatch.closedLoop = nullptr;
         if (at == closing_) {
             return Passed();
         }
@@ -258,19 +271,17 @@ std::optional<Passage> Watch::Execute() {
 }
 
 void Watch::RepeatKnown(const DecodedWord* closing) {
-    Dispatch& dispatch = processor_.dispatch;
-    const auto loop = dispatch.loops.find(closing - dispatch.code.data());
-    if (loop == dispatch.loops.end()) {
+    if (closing->bitOrLoop == 0) {
         return;
     }
-    const Repeats repeats = FindRepeats(processor_, loop->second, steps_, maxSteps_);
+    const Loop& loop = LoopOf(processor_.dispatch, closing);
+    const Repeats repeats = FindRepeats(processor_, loop, steps_);
     if (repeats.times <= 0) {
         return;
     }
     const Passage& passage = *repeats.passage;
-    Repeat(processor_.state, passage, repeats.times);
-    steps_ += repeats.Steps();
-    usesStack_ = usesStack_ || passage.usesStack;
+    passage_.usesStack = passage_.usesStack || passage.usesStack;
+    timedReads_.owners |= loop.readOwners;
     for (const Passage::Input& input : passage.inputs) {
         UseOf(input.place).isOther = true;
     }
@@ -281,10 +292,14 @@ void Watch::RepeatKnown(const DecodedWord* closing) {
         use.downs += std::max(-counts, 0);
         use.isTested = use.isTested || counter.isTested;
     }
+    Repeat(processor_.state, passage, repeats.times);
+    processor_.state.instructionCount += repeats.steps;
+    steps_ += repeats.steps;
 }
 
 // A cell that was only counted in one direction and met no 0 on its way.
-std::optional<Passage::Counter> CounterOf(const Use& use, int before, int after) {
+std::optional<Passage::Counter> CounterOf(const Use& use, int after) {
+    const int before = use.before;
     if (use.isOther || (use.ups != 0 && use.downs != 0) || (use.isTested && before == 0)) {
         return std::nullopt;
     }
@@ -296,81 +311,81 @@ std::optional<Passage::Counter> CounterOf(const Use& use, int before, int after)
     return Passage::Counter{use.place, use.ups - use.downs, use.isTested};
 }
 
-std::optional<Passage> Watch::Passed() const {
+std::optional<Passage> Watch::Passed() {
     const ProcessorState& state = processor_.state;
-    Passage passage = {.w = state.w,
-                       .status = state.dataMemory[kStatus],
-                       .usesStack = usesStack_,
-                       .stackPointer = state.stackPointer,
-                       .hardwareStack = state.hardwareStack,
-                       .inputs = {},
-                       .counters = {},
-                       .steps = steps_,
-                       .clockCycles = state.clockCycles - before_.clockCycles};
-    if (!IsAsItWas(before_, passage)) {
+    if (!RegistersAreAsTheyWere(state, passage_)) {
         return std::nullopt;
     }
+    CatchUpClocks(processor_);
+    passage_.inputs.reserve(uses_.size());
     for (const Use& use : uses_) {
-        const std::uint8_t before = ByteAt(before_, use.place);
         const std::uint8_t after = ByteAt(state, use.place);
-        if (before == after) {
-            passage.inputs.push_back({use.place, after});
-        } else if (const auto counter = CounterOf(use, before, after)) {
-            passage.counters.push_back(*counter);
+        if (use.before == after) {
+            passage_.inputs.push_back({use.place, after});
+        } else if (const auto counter = CounterOf(use, after)) {
+            passage_.counters.push_back(*counter);
         } else {
             return std::nullopt;
         }
     }
-    return passage;
+    passage_.readOwners = timedReads_.owners;
+    passage_.steps = steps_;
+    passage_.clockCycles = state.clockCycles - start_;
+    return std::move(passage_);
 }
 
 // ---- looking -----------------------------------------------------------------------------------
 
 // False for one that is known already.
-bool Remember(Loop& loop, const Passage& passage) {
+bool Remember(Loop& loop, Passage&& passage) {
     if (std::ranges::find(loop.passages, passage) != loop.passages.end()) {
         return false;
     }
+    loop.readOwners |= passage.readOwners;
     if (loop.passages.size() < kMostPassages) {
-        loop.passages.push_back(passage);
+        loop.passages.push_back(std::move(passage));
     } else {
-        loop.passages[loop.oldest] = passage;
+        loop.passages[loop.oldest] = std::move(passage);
         loop.oldest = (loop.oldest + 1) % kMostPassages;
     }
     return true;
 }
 
-// Watches a passage, which may be one of an outer loop that the same GOTO closes.
-std::int64_t WatchLoop(Processor& processor, DecodedWord* closing, Loop& loop,
-                       std::int64_t maxSteps) {
-    Watch watch(processor, closing, maxSteps);
-    watch.RepeatKnown(closing);
-    const auto passage = watch.Execute();
-    if (passage && Remember(loop, *passage)) {
-        closing->patience = 1;
-    } else {
-        loop.looksBetween = std::min(2 * loop.looksBetween, kMostLooksBetween);
-    }
-    loop.looksToWatch = loop.looksBetween;
-    return watch.StepsDone();
+// As a part of the present slice.
+void RepeatInSlice(Processor& processor, const Repeats& repeats) {
+    const Passage& passage = *repeats.passage;
+    Repeat(processor.state, passage, repeats.times);
+    processor.dispatch.extraCycles +=
+        repeats.times * (CyclesOf(passage.clockCycles) - passage.steps);
 }
 
 }  // namespace
 
-std::int64_t FollowLoop(Processor& processor, std::int64_t maxSteps) {
+void ForgetLoops(Processor& processor) {
     Dispatch& dispatch = processor.dispatch;
-    DecodedWord* const closing = dispatch.closedLoop;
-    dispatch.closedLoop = nullptr;
+    for (const Loop& loop : dispatch.loops) {
+        dispatch.code[static_cast<std::size_t>(loop.closing)].bitOrLoop = 0;
+    }
+    dispatch.loops.clear();
+}
+
+void LookAtLoop(Processor& processor, DecodedWord* closing) {
+    Dispatch& dispatch = processor.dispatch;
+    closing->patience = 1;
+    if (IsLastStep(dispatch)) {
+        return;
+    }
     if (!processor.repeatsLoops) {
         closing->patience = kMostPatience;
-        return 0;
+        return;
     }
-    if (dispatch.attention != 0) {
-        return 0;
+    if (closing->bitOrLoop == 0) {
+        dispatch.loops.push_back({.closing = closing - dispatch.code.data()});
+        closing->bitOrLoop = static_cast<std::uint16_t>(dispatch.loops.size());
     }
-    Loop& loop = dispatch.loops[closing - dispatch.code.data()];
-    const Repeats repeats = FindRepeats(processor, loop, 0, maxSteps);
-    const bool isWorthIt = repeats.Steps() >= kWorthTheTrouble;
+    Loop& loop = LoopOf(dispatch, closing);
+    const Repeats repeats = FindRepeats(processor, loop, StepsOfSlice(processor));
+    const bool isWorthIt = repeats.steps >= kWorthTheTrouble;
     if (!isWorthIt) {
         loop.patience = std::min(2 * loop.patience, kMostPatience);
     } else {
@@ -378,13 +393,26 @@ std::int64_t FollowLoop(Processor& processor, std::int64_t maxSteps) {
     }
     closing->patience = static_cast<std::uint16_t>(loop.patience);
     if (!repeats.areUsedUp && (!isWorthIt || --loop.looksToWatch <= 0)) {
-        return WatchLoop(processor, closing, loop, maxSteps);
+        dispatch.loopToWatch = closing;
+        EndSlice(dispatch);
+    } else if (repeats.times > 0) {
+        RepeatInSlice(processor, repeats);
     }
-    if (repeats.times <= 0) {
-        return 0;
+}
+
+// The passage may be one of an outer loop that the same GOTO closes.
+std::int64_t WatchLoop(Processor& processor, DecodedWord* closing) {
+    Loop& loop = LoopOf(processor.dispatch, closing);
+    Watch watch(processor, closing);
+    watch.RepeatKnown(closing);
+    auto passage = watch.Execute();
+    if (passage && Remember(loop, std::move(*passage))) {
+        closing->patience = 1;
+    } else {
+        loop.looksBetween = std::min(2 * loop.looksBetween, kMostLooksBetween);
     }
-    Repeat(processor.state, *repeats.passage, repeats.times);
-    return repeats.Steps();
+    loop.looksToWatch = loop.looksBetween;
+    return watch.StepsDone();
 }
 
 }  // namespace corvane::core

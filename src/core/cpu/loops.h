@@ -7,13 +7,14 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <unordered_map>
 #include <vector>
 
+#include "core/peripheral.h"
 #include "core/processor_state.h"
 
 namespace corvane::core {
 
+struct DecodedWord;
 struct Processor;
 
 // A passage, from behind the GOTO that closes the loop to the same place, and what must be as it
@@ -38,8 +39,9 @@ struct Passage {
     bool usesStack = false;
     int stackPointer = 0;
     std::array<std::uint16_t, kStackLevels + 1> hardwareStack{};
-    std::vector<Input> inputs;
-    std::vector<Counter> counters;
+    std::vector<Input> inputs{};
+    std::vector<Counter> counters{};
+    PeripheralMask readOwners = 0;  // of the cells it reads that change with time
     std::int64_t steps = 0;
     std::int64_t clockCycles = 0;
 
@@ -51,19 +53,25 @@ constexpr int kFirstPatience = 8;
 
 // What is known of the loop that a GOTO closes.
 struct Loop {
-    std::vector<Passage> passages;
+    std::ptrdiff_t closing;  // the GOTO's place in the decoded program
+    std::vector<Passage> passages{};
+    PeripheralMask readOwners = 0;  // of all passages
     std::size_t oldest = 0;         // the passage that the next one found replaces
     int patience = kFirstPatience;  // how often the GOTO comes by before the next look
     int looksToWatch = 0;           // looks before a watch that is not necessary
     int looksBetween = 1;
 };
 
-// By the place of the GOTO in the decoded program.
-using Loops = std::unordered_map<std::ptrdiff_t, Loop>;
+// To be called when the program changes, or the marks on it.
+void ForgetLoops(Processor& processor);
 
-// To be called behind the GOTO that dispatch.closedLoop names, when nothing is due: does passages
-// of its loop in one go, or watches one. Returns the steps that were done, 0 to maxSteps; whatever
-// follows a slice is still to be done for them.
-std::int64_t FollowLoop(Processor& processor, std::int64_t maxSteps);
+// Within the GOTO that closes a loop and has run out of patience, behind its jump: does passages of
+// the loop in one go, as a part of the slice, or asks in dispatch.loopToWatch for a watch.
+void LookAtLoop(Processor& processor, DecodedWord* closing);
+
+// Behind that GOTO, between two slices, when nothing is due: executes a passage to learn what it
+// does. Returns the steps that were done, 0 to the run's last; whatever follows a slice is still to
+// be done for them.
+std::int64_t WatchLoop(Processor& processor, DecodedWord* closing);
 
 }  // namespace corvane::core

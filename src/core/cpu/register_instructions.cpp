@@ -15,6 +15,11 @@ enum class Destination { W, Register };
 // An instruction is a struct with kEffects, the effects of a cell that matter to it, and a function
 // template Execute<Register>(core, cell), where Register is one of the kinds of registers.
 
+// Of a bit instruction.
+int BitOf(const DecodedWord& decoded) {
+    return static_cast<std::uint8_t>(decoded.bitOrLoop);
+}
+
 template <typename Instruction, typename Register>
 void Execute(Processor& processor, DecodedWord* at, std::int64_t left, int w, int status,
              DecodedWord* /*last*/) {
@@ -207,7 +212,7 @@ struct WriteBit {
     template <typename Register>
     static void Execute(Core& core, std::size_t cell) {
         const int a = Register::Read(core, cell);
-        Register::Write(core, cell, value ? a | core.at->bitMask : a & ~core.at->bitMask,
+        Register::Write(core, cell, value ? a | BitOf(*core.at) : a & ~BitOf(*core.at),
                         FlagBits::AsWritten);
     }
 };
@@ -219,7 +224,7 @@ struct TestBit {
 
     template <typename Register>
     static void Execute(Core& core, std::size_t cell) {
-        if (((Register::Read(core, cell) & core.at->bitMask) != 0) == skippedValue) {
+        if (((Register::Read(core, cell) & BitOf(*core.at)) != 0) == skippedValue) {
             Skip(core);
         }
     }

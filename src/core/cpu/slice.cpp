@@ -39,9 +39,9 @@ void ExecuteNext(Processor& processor) {
 }
 
 // How many steps may follow those of the slice.
-std::int64_t StepsLeft(const Processor& processor, std::int64_t maxSteps) {
+std::int64_t StepsLeft(const Processor& processor) {
     const Dispatch& dispatch = processor.dispatch;
-    return std::min(maxSteps, dispatch.stepDue - dispatch.steps) - StepsOfSlice(processor);
+    return std::min(dispatch.lastStep, dispatch.stepDue) - dispatch.steps - StepsOfSlice(processor);
 }
 
 void SetSliceEnd(Processor& processor, std::int64_t stepsLeft) {
@@ -59,7 +59,7 @@ void Leave(Processor& processor, DecodedWord* at, std::int64_t left, int w, int 
     }
 }
 
-std::int64_t ExecuteSlice(Processor& processor, std::int64_t maxSteps) {
+std::int64_t ExecuteSlice(Processor& processor) {
     ProcessorState& state = processor.state;
     const Dispatch& dispatch = processor.dispatch;
     if (dispatch.attention != 0) {
@@ -67,14 +67,14 @@ std::int64_t ExecuteSlice(Processor& processor, std::int64_t maxSteps) {
         return 1;
     }
     BeginSlice(processor);
-    SetSliceEnd(processor, StepsLeft(processor, maxSteps));
+    SetSliceEnd(processor, StepsLeft(processor));
     ExecuteFirst(processor);
     // A slice ends after a number of clock cycles, which is a number of steps only if all take one.
-    std::int64_t left = StepsLeft(processor, maxSteps);
+    std::int64_t left = StepsLeft(processor);
     while (dispatch.sliceEnd != 0 && state.clockCycles < dispatch.clockDue && left > 0) {
         SetSliceEnd(processor, left);
         ExecuteNext(processor);
-        left = StepsLeft(processor, maxSteps);
+        left = StepsLeft(processor);
     }
     const std::int64_t steps = StepsOfSlice(processor);
     state.instructionCount += steps;

@@ -8,8 +8,8 @@
 namespace corvane::core {
 
 // Executes instructions until something is due or asks for a look, pc arrives at a mark, or
-// maxSteps (1 or more) are done; returns how many.
-std::int64_t ExecuteSlice(Processor& processor, std::int64_t maxSteps);
+// the run's last step is done; returns how many.
+std::int64_t ExecuteSlice(Processor& processor);
 
 // Executes one.
 void ExecuteInstruction(Processor& processor);

@@ -1,6 +1,7 @@
 // INTCON and the flag and enable registers of the peripherals, and the pins RB0/INT and RB4 to RB7.
 // Data sheet: "Interrupts".
 #include "core/cells.h"
+#include "core/cpu/interrupts.h"
 #include "core/peripherals/peripherals.h"
 
 namespace corvane::core {
@@ -8,20 +9,22 @@ namespace corvane::core {
 namespace {
 
 // The interrupt test follows the step.
-void StoreEndingSlice(Processor& processor, std::size_t cell, int value) {
+void StoreAndTest(Processor& processor, std::size_t cell, int value) {
     StoreMasked(processor, cell, value);
-    EndSlice(processor.dispatch);
+    if (InterruptPending(processor)) {
+        EndSlice(processor.dispatch);
+    }
 }
 
 void ClaimCells(CellTable& cells, const models::FamilyTraits& traits) {
-    const CellAccess flags = {.write = StoreEndingSlice, .followsTime = true};
+    const CellAccess flags = {.write = StoreAndTest, .followsTime = true};
     cells.Claim(kIntcon, flags);
     for (const models::InterruptSource& source : traits.interruptSources) {
         if (source.flags != models::kNoRegister) {
             cells.Claim(static_cast<std::size_t>(source.flags), flags);
         }
         if (source.enables != models::kNoRegister) {
-            cells.Claim(static_cast<std::size_t>(source.enables), {.write = StoreEndingSlice});
+            cells.Claim(static_cast<std::size_t>(source.enables), {.write = StoreAndTest});
         }
     }
 }

@@ -58,6 +58,12 @@ void ClaimCells(CellTable& cells, const models::FamilyTraits& /*traits*/) {
     cells.Claim(kOptionReg, {.followsTime = true});
 }
 
+// Until TMR0 counts.
+std::int64_t NextChange(const Processor& processor) {
+    const ProcessorState& state = processor.state;
+    return IsInternallyClocked(state) ? TicksToNextCount(state) : kNever;
+}
+
 // Until it overflows.
 std::int64_t NextDue(const Processor& processor) {
     const ProcessorState& state = processor.state;
@@ -89,6 +95,7 @@ const Peripheral kTimer0 = {
     .claimCells = ClaimCells,
     .unit = TimeUnit::InstructionCycles,
     .nextDue = NextDue,
+    .nextChange = NextChange,
     .advance = Advance,
     .pinEdge = PinEdge,
 };
