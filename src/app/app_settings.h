@@ -22,6 +22,7 @@ enum class SimulationRate : std::uint8_t {
 // Switches that belong to one window, which reads and writes them with ReadSwitchSetting and
 // WriteSwitchSetting.
 inline constexpr std::string_view kListingWithoutOpcodes = "Listing Without Opcodes";
+inline constexpr std::string_view kShowCycles = "Show Cycles";
 inline constexpr std::string_view kTurnOffColors = "Turn Off Colors";
 inline constexpr std::string_view kAssembleWithGpasm = "Assemble With gpasm";
 inline constexpr std::string_view kCheckProgram = "Check Program";

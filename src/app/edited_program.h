@@ -10,10 +10,10 @@
 
 namespace corvane::app {
 
-// Translates the text for the selected model, as the Assembler or the BASIC Compiler window does. Of
-// what another assembler has made the .cod file beside the program tells, as long as the text is the
-// one that it was made from. The loaded program with the text's lines and names; or why it is not the
-// text's program, empty while none is loaded.
+// Translates the text for the selected model, as the Assembler or the BASIC Compiler window does.
+// Of what another assembler has made the .cod file beside the program tells, as long as the text is
+// the one that it was made from. The loaded program with the text's lines and names; or why it is
+// not the text's program, empty while none is loaded.
 common::Result<project::Program> EditedProgram(const Workbench& workbench, const std::string& file,
                                                project::ProgramKind kind, const std::string& text);
 

@@ -209,6 +209,13 @@ bool SimulationControl::IsGoingCancelled() {
     return isGoingCancelled_;
 }
 
+void SimulationControl::LookBack(inspect::Lookout& lookout) {
+    if (history_ != nullptr && !RunsByItself()) {
+        history_->Positions().LookBack(lookout);
+        core::SetBreakpoints(*processor_, breakpoints_);
+    }
+}
+
 void SimulationControl::Go(const Move& move) {
     if (history_ == nullptr || phase_ == Phase::Going || insideSlice_) {
         return;

@@ -71,6 +71,8 @@ class SimulationControl {
 
     // Of the simulation since the last Start; null when none is kept.
     const RunHistory* History() const { return history_.get(); }
+    // Looks at the way here again, while it does not run by itself. Nothing changes.
+    void LookBack(inspect::Lookout& lookout);
     // Goes elsewhere in the history and waits there for Step. The move returns a remark for the
     // status line; Stop cancels it.
     using Move = std::function<std::string(RunHistory& history)>;

@@ -138,14 +138,22 @@ void History::Ran(std::int64_t steps) {
 // Pieces between snapshots are played, the nearest first. A piece's first position belongs to the
 // piece before it.
 std::optional<std::int64_t> History::FindPrevious(Lookout& lookout) {
+    return PlayBack(Position() - 1, lookout, true);
+}
+
+void History::LookBack(Lookout& lookout) {
+    PlayBack(Position(), lookout, false);
+}
+
+std::optional<std::int64_t> History::PlayBack(std::int64_t from, Lookout& lookout,
+                                              bool canBeCancelled) {
     const std::int64_t present = Position();
     Played piece = {PlayEnd::Reached};
-    for (std::int64_t to = present - 1;
-         to > 0 && !piece.found && piece.end != PlayEnd::Cancelled;) {
-        const std::int64_t from = std::prev(snapshots_.lower_bound(to))->first;
-        Restore(from);
-        piece = Play({.to = to, .lookout = &lookout, .canBeCancelled = true});
-        to = from;
+    for (std::int64_t to = from; to > 0 && !piece.found && piece.end != PlayEnd::Cancelled;) {
+        const std::int64_t begin = std::prev(snapshots_.lower_bound(to))->first;
+        Restore(begin);
+        piece = Play({.to = to, .lookout = &lookout, .canBeCancelled = canBeCancelled});
+        to = begin;
     }
     RestoreBefore(present);
     Play({.to = present});

@@ -100,6 +100,10 @@ class History {
     // when there is none or it was cancelled. The present position stays.
     std::optional<std::int64_t> FindPrevious(Lookout& lookout);
 
+    // Plays the pieces of the way to the present position again, the nearest first, until the
+    // lookout has found something in one. The present position stays, and it cannot be cancelled.
+    void LookBack(Lookout& lookout);
+
     // Where the instruction stands that made the last step; nothing after Start and after an
     // interrupt entry.
     std::optional<int> AddressOfLastStep();
@@ -133,6 +137,7 @@ class History {
     };
 
     void PlayFromStart();
+    std::optional<std::int64_t> PlayBack(std::int64_t from, Lookout& lookout, bool canBeCancelled);
     Played Play(const Stretch& stretch);
     std::optional<PlayEnd> EndHere(const Stretch& stretch) const;
     void Arrive(const Measurements& measurements);

@@ -6,6 +6,7 @@
 
 #include "core/random_program.h"
 #include "core/reset.h"
+#include "inspect/line_cycles.h"
 #include "inspect/stops.h"
 #include "shipped_files.h"
 
@@ -270,6 +271,45 @@ TEST(AHistory, IsCancelledOnTheWayAndStaysSmall) {
     EXPECT_EQ(history.Position(), kFar);
     EXPECT_EQ(history.GoTo(2 * kFar), PlayEnd::Cancelled);
     EXPECT_LT(history.Position(), 2 * kFar);
+}
+
+// Line 1 calls a routine that no line has made; lines 2 and 3 lead back to it.
+TEST(AHistory, TellsTheCyclesOfTheLastPassOfALine) {
+    const std::array<std::uint16_t, 6> words = {0x2004, 0x0000, 0x2800, 0x0000, 0x0000, 0x0008};
+    project::Program program{.image = loader::ProgramOf(words, 1024), .files = {"a.bas"}};
+    program.places = {project::Place{0, 1}, project::Place{0, 2}, project::Place{0, 3}};
+    const models::Model& model = ModelNamed("PIC16F84");
+    core::Processor processor = core::MakeProcessor(model, DescriptionOf(model));
+    core::FillProgramMemory(processor, words);
+    core::StartSimulation(processor);
+    const Names names(*processor.model, processor.description, program);
+    FaultFinder faults({}, names, processor.description);
+    History history(processor, faults, {}, {.spacing = 8, .mostSnapshots = 230});
+    history.Begin({});
+    using Cycles = std::map<int, std::int64_t>;
+    struct Case {
+        std::int64_t position;
+        int pieces;
+        Cycles cycles;
+    };
+    const std::vector<Case> cases = {
+        {0, 2, {}},
+        {1, 2, {}},        // within line 1
+        {3, 2, {{1, 5}}},  // with what it has called
+        {4, 2, {{1, 5}, {2, 1}}},
+        {97, 1, {}},  // after the snapshot at 96 comes the rest of line 1
+        {100, 1, {{2, 1}, {3, 2}}},
+        {100, 2, {{1, 5}, {2, 1}, {3, 2}}},  // it began before that
+        {96, 1, {{1, 5}, {2, 1}, {3, 2}}},
+    };
+    for (const Case& row : cases) {
+        history.GoTo(row.position);
+        const core::ProcessorState before = processor.state;
+        LineCycles found(program, row.pieces);
+        history.LookBack(found);
+        EXPECT_EQ(found.Cycles(), row.cycles) << row.position << " in " << row.pieces;
+        EXPECT_EQ(processor.state, before) << row.position;
+    }
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "app/source_value.h"
+#include "inspect/line_cycles.h"
 
 namespace corvane::ui {
 
@@ -100,8 +101,37 @@ std::vector<int> DebuggedSource::BreakpointLines() const {
     return lines;
 }
 
-bool DebuggedSource::HasBreakpoint(int line) const {
-    return std::ranges::binary_search(editor_->Marks().breakpoints, line);
+QString DebuggedSource::NoteOn(int line) const {
+    QStringList notes;
+    if (std::ranges::binary_search(editor_->Marks().breakpoints, line)) {
+        notes.push_back(tr("breakpoint"));
+    }
+    if (const auto cycles = cycles_.find(line); cycles != cycles_.end()) {
+        notes.push_back(cycles->second == 1 ? tr("1 cycle") : tr("%1 cycles").arg(cycles->second));
+    }
+    return notes.join(QStringLiteral(", "));
+}
+
+void DebuggedSource::ShowCycles(bool on) {
+    showsCycles_ = on;
+    Draw();
+}
+
+// While it runs by itself, the last ones are shown.
+void DebuggedSource::FindCycles() {
+    app::SimulationControl& simulation = workbench_->Simulation();
+    if (!showsCycles_ || !program_ || simulation.History() == nullptr) {
+        cycles_.clear();
+        cyclesAt_ = -1;
+        return;
+    }
+    const std::int64_t position = simulation.History()->Positions().Position();
+    if (!simulation.RunsByItself() && position != cyclesAt_) {
+        cyclesAt_ = position;
+        inspect::LineCycles found(*program_);
+        simulation.LookBack(found);
+        cycles_ = found.Cycles();
+    }
 }
 
 // Not before the layout has followed the text, since the marks are shown.
@@ -165,6 +195,7 @@ void DebuggedSource::FindProgram() {
         app::EditedProgram(*workbench_, file_, kind_, textToTranslate_());
     whyNotLoaded_ = QString::fromStdString(found.error);
     program_ = std::move(found.value);
+    cyclesAt_ = -1;
     names_.reset();
     if (program_) {
         names_.emplace(workbench_->Model(), workbench_->Processor().description, *program_);
@@ -184,8 +215,12 @@ void DebuggedSource::Draw() {
     const bool isShown =
         program_ && simulation.SimulationRunning() && !simulation.RunsExtremelyFast();
     const int next = isShown ? app::NextLine(*program_, state) : 0;
-    editor_->ShowMarks(
-        {.breakpoints = BreakpointLines(), .areValid = program_.has_value(), .next = next});
+    FindCycles();
+    editor_->ShowMarks({.breakpoints = BreakpointLines(),
+                        .areValid = program_.has_value(),
+                        .next = next,
+                        .showsCycles = showsCycles_,
+                        .cycles = cycles_});
     if (next > 0 && simulation.CanStep() && state.clockCycles != shownAt_) {
         editor_->RevealLine(next);
     }
@@ -195,7 +230,8 @@ void DebuggedSource::Draw() {
 
 QString DebuggedSource::Status(int next) const {
     if (!program_) {
-        return whyNotLoaded_;
+        const bool isWithout = whyNotLoaded_.isEmpty() && !breakpoints_.empty();
+        return isWithout ? tr("No program is loaded") : whyNotLoaded_;
     }
     const app::SimulationControl& simulation = workbench_->Simulation();
     if (next == 0) {

@@ -7,6 +7,7 @@
 #include <QTextCursor>
 #include <QTimer>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -34,7 +35,10 @@ class DebuggedSource final : public QObject {
     void RenameFile(const std::string& path);
 
     void ToggleBreakpoint(int line);
-    bool HasBreakpoint(int line) const;
+    // What is to be said of a line: "breakpoint, 12 cycles"; empty: nothing.
+    QString NoteOn(int line) const;
+    // Beside each line the instruction cycles of its last pass, while the simulation waits.
+    void ShowCycles(bool on);
 
     // What is known of the name there: "count = 5 (0x05)"; empty without one.
     QString ValueAt(const QTextCursor& place) const;
@@ -59,6 +63,7 @@ class DebuggedSource final : public QObject {
     void FollowStops();
     QTextCursor PlaceOf(int line) const;
     std::vector<int> BreakpointLines() const;
+    void FindCycles();
     QString Status(int next) const;
 
     NumberedEditor* editor_;
@@ -74,6 +79,9 @@ class DebuggedSource final : public QObject {
     std::optional<inspect::Names> names_;  // of the program
     QString whyNotLoaded_;
     std::int64_t shownAt_ = -1;  // in clock cycles
+    bool showsCycles_ = false;
+    std::map<int, std::int64_t> cycles_;  // by line
+    std::int64_t cyclesAt_ = -1;          // the position in the history that they were found at
 };
 
 }  // namespace corvane::ui

@@ -17,6 +17,7 @@ namespace corvane::ui {
 namespace {
 
 constexpr int kLeastDigits = 3;
+constexpr int kLeastCycleDigits = 5;
 
 // In an editor of a few lines, each scroll bar can come and go because of the other without end.
 constexpr int kMostNestedResizes = 8;
@@ -88,6 +89,9 @@ void NumberedEditor::AddMarkMargin(const QString& toolTip) {
 void NumberedEditor::ShowMarks(const LineMarks& marks) {
     if (marks != marks_) {
         marks_ = marks;
+        if (LineNumberAreaWidth() != lineNumberArea_->width()) {
+            PlaceLineNumberArea();
+        }
         lineNumberArea_->update();
         MarkCurrentLine();
     }
@@ -112,7 +116,18 @@ int NumberedEditor::MarkMarginWidth() const {
 int NumberedEditor::LineNumberAreaWidth() const {
     const int digits =
         std::max(kLeastDigits, static_cast<int>(QString::number(blockCount()).size()));
-    return fontMetrics().horizontalAdvance(QLatin1Char('9')) * (digits + 1) + MarkMarginWidth();
+    return fontMetrics().horizontalAdvance(QLatin1Char('9')) * (digits + 1) + MarkMarginWidth() +
+           CyclesWidth();
+}
+
+int NumberedEditor::CyclesWidth() const {
+    std::int64_t most = 0;
+    for (const auto& [line, cycles] : marks_.cycles) {
+        most = std::max(most, cycles);
+    }
+    const int digits = std::max(kLeastCycleDigits, static_cast<int>(QString::number(most).size()));
+    return marks_.showsCycles ? fontMetrics().horizontalAdvance(QLatin1Char('9')) * (digits + 1)
+                              : 0;
 }
 
 void NumberedEditor::PlaceLineNumberArea() {
@@ -139,13 +154,20 @@ void NumberedEditor::PaintLineNumbers(const QRect& area) {
     const QColor quiet = Tinted(background, current, 0.6);
     const int gap = fontMetrics().horizontalAdvance(QLatin1Char('9')) / 2;
     const int lineHeight = fontMetrics().height();
+    const int numbersEnd = lineNumberArea_->width() - CyclesWidth();
     QTextBlock block = firstVisibleBlock();
     double top = blockBoundingGeometry(block).translated(contentOffset()).top();
     while (block.isValid() && top <= area.bottom()) {
         painter.setPen(block.blockNumber() == textCursor().blockNumber() ? current : quiet);
-        painter.drawText(QRectF(0, top, lineNumberArea_->width() - gap, lineHeight),
-                         Qt::AlignRight | Qt::AlignTop, QString::number(block.blockNumber() + 1));
-        PaintMarks(painter, block.blockNumber() + 1, QRectF(0, top, MarkMarginWidth(), lineHeight));
+        const int line = block.blockNumber() + 1;
+        painter.drawText(QRectF(0, top, numbersEnd - gap, lineHeight),
+                         Qt::AlignRight | Qt::AlignTop, QString::number(line));
+        if (const auto cycles = marks_.cycles.find(line); cycles != marks_.cycles.end()) {
+            painter.setPen(quiet);
+            painter.drawText(QRectF(numbersEnd, top, CyclesWidth() - gap, lineHeight),
+                             Qt::AlignRight | Qt::AlignTop, QString::number(cycles->second));
+        }
+        PaintMarks(painter, line, QRectF(0, top, MarkMarginWidth(), lineHeight));
         top += blockBoundingRect(block).height();
         block = block.next();
     }

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <QPlainTextEdit>
+#include <cstdint>
 #include <functional>
+#include <map>
 #include <utility>
 #include <vector>
 
@@ -15,6 +17,8 @@ struct LineMarks {
     std::vector<int> breakpoints{};
     bool areValid = true;  // else the breakpoints are not those of the loaded program
     int next = 0;          // the line that is executed next; 0: none
+    bool showsCycles = false;
+    std::map<int, std::int64_t> cycles{};  // that lines have taken
     bool operator==(const LineMarks&) const = default;
 };
 
@@ -54,6 +58,7 @@ class NumberedEditor : public QPlainTextEdit {
     int LineNumberAreaWidth() const;
     void PlaceLineNumberArea();
     int MarkMarginWidth() const;
+    int CyclesWidth() const;
     void PaintLineNumbers(const QRect& area);
     void PaintMarks(QPainter& painter, int line, const QRectF& place) const;
     int LineAt(int y) const;

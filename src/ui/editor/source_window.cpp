@@ -93,6 +93,14 @@ void SourceWindow::AddDebugCommands(QMenu& menu) {
     menu.addSeparator();
     AddCommand(menu, {"menutogglebreakpoint", tr("Toggle &Breakpoint"), QKeySequence(Qt::Key_F9)},
                *this, [this] { debugged_.ToggleBreakpoint(editor_->CaretLine()); });
+    common::SettingsStore& store = Workbench().Settings().Store();
+    const bool showsCycles = common::ReadSwitchSetting(store, app::kShowCycles);
+    AddSwitch(menu, {"menushowcycles", tr("Show C&ycles")}, showsCycles, *this,
+              [this, &store](bool on) {
+                  common::WriteSwitchSetting(store, app::kShowCycles, on);
+                  debugged_.ShowCycles(on);
+              });
+    debugged_.ShowCycles(showsCycles);
 }
 
 void SourceWindow::LoadAndStart(const std::string& summary) {
@@ -144,7 +152,7 @@ void SourceWindow::ShowCaret() {
     const QString before = caret.block().text().left(caret.positionInBlock());
     const int line = editor_->CaretLine();
     statusLine_->ShowCaret(line, static_cast<int>(before.toUcs4().size()) + 1,
-                           debugged_.HasBreakpoint(line) ? tr("breakpoint") : QString());
+                           debugged_.NoteOn(line));
     statusLine_->ShowValue(debugged_.ValueAt(caret));
 }
 

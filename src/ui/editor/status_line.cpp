@@ -68,6 +68,7 @@ QLabel* StatusLine::AddLabel(const char* name, const QString& meaning, const QSt
 
 void StatusLine::ShowResult(const QString& text) {
     result_->setText(text);
+    result_->setToolTip(text);
     result_->update();
     OfferCommand({}, {});
 }
