@@ -100,7 +100,10 @@ common::Result<project::Program> EditedProgram(const Workbench& workbench, const
     std::optional<project::Build> build = project::BuildText(
         file, kind, text, modelFile, workbench.Settings().ClockFrequency(), untold);
     if (!build) {
-        return Found::Failure("Not loaded: the text has errors");
+        const bool isForGpasm =
+            common::ReadSwitchSetting(workbench.Settings().Store(), kAssembleWithGpasm);
+        return Found::Failure(isForGpasm ? "Not loaded: assemble it again"
+                                         : "Not loaded: the text has errors");
     }
     if (!IsLoaded(workbench, build->assembly.hex)) {
         return Found::Failure("Not loaded: another program is");
